@@ -1,0 +1,134 @@
+#include "platform/activation_context.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace activation {
+namespace {
+
+// Not the number of the manifest in the library's own image: that one only states the execution
+// level, so the usual outcome is that there is no manifest of this number and the null context.
+constexpr WORD MANIFEST_NUMBER = 3;
+constexpr DWORD PATH_CAPACITY = 261;
+constexpr const WCHAR* COMMON_CONTROLS = TEXT("Comctl32.dll");
+
+// INVALID_HANDLE_VALUE until settled. Null is a settled value: the default context applies.
+HANDLE activationContext = INVALID_HANDLE_VALUE;
+HMODULE commonControlsModule = nullptr;
+
+// Any address inside this module names the module.
+LPCWSTR AddressInModule() { return reinterpret_cast<LPCWSTR>(&activationContext); }
+
+bool MeansNoManifest(DWORD error) {
+  constexpr DWORD TOLERATED[] = {
+      ERROR_FILE_NOT_FOUND,          ERROR_PATH_NOT_FOUND,          ERROR_RESOURCE_DATA_NOT_FOUND,
+      ERROR_RESOURCE_TYPE_NOT_FOUND, ERROR_RESOURCE_NAME_NOT_FOUND, ERROR_RESOURCE_LANG_NOT_FOUND};
+  return std::find(std::begin(TOLERATED), std::end(TOLERATED), error) != std::end(TOLERATED);
+}
+
+// Asks for the context that the platform made for this module itself; null if it made none.
+bool QueryModuleContext(HANDLE* context) {
+  ACTIVATION_CONTEXT_BASIC_INFORMATION information = {};
+  if (!QueryActCtxW(QUERY_ACTCTX_FLAG_NO_ADDREF | QUERY_ACTCTX_FLAG_ACTCTX_IS_ADDRESS,
+                    &activationContext, nullptr, ActivationContextBasicInformation, &information,
+                    sizeof(information), nullptr)) {
+    return false;
+  }
+  *context = information.hActCtx;
+  return true;
+}
+
+// A path that fills the buffer may have been cut, so it counts as too long.
+bool ReadModulePath(HMODULE module, WCHAR (&path)[PATH_CAPACITY]) {
+  const DWORD length = GetModuleFileNameW(module, path, PATH_CAPACITY);
+  if (length >= PATH_CAPACITY) {
+    SetLastError(ERROR_BUFFER_OVERFLOW);
+    return false;
+  }
+  return length != 0;
+}
+
+// Makes a context from the module's manifest; null if the module brings none.
+bool CreateModuleContext(HANDLE* context) {
+  HMODULE module = nullptr;
+  if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                              GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                          AddressInModule(), &module)) {
+    return false;
+  }
+  WCHAR path[PATH_CAPACITY] = {};
+  if (!ReadModulePath(module, path)) return false;
+
+  ACTCTXW description = {};
+  description.cbSize = sizeof(description);
+  description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+  description.lpSource = path;
+  description.lpResourceName = MAKEINTRESOURCEW(MANIFEST_NUMBER);
+  description.hModule = module;
+  *context = CreateActCtxW(&description);
+  if (*context != INVALID_HANDLE_VALUE) return true;
+
+  *context = nullptr;
+  return MeansNoManifest(GetLastError());
+}
+
+// Loads the common controls that the context redirects to, if it redirects them, so that they are
+// there for window classes made in it. The module stays loaded; its handle is not needed here.
+void KeepCommonControlsResident() {
+  const LibraryContext context;
+  if (!context.IsActive()) return;
+  ACTCTX_SECTION_KEYED_DATA entry = {};
+  entry.cbSize = sizeof(entry);
+  if (FindActCtxSectionStringW(0, nullptr, ACTIVATION_CONTEXT_SECTION_DLL_REDIRECTION,
+                               COMMON_CONTROLS, &entry)) {
+    LoadLibraryW(COMMON_CONTROLS);
+  }
+}
+
+HMODULE CommonControls() {
+  if (!commonControlsModule) commonControlsModule = LoadLibraryW(COMMON_CONTROLS);
+  return commonControlsModule;
+}
+
+}  // namespace
+
+bool EnsureActivationContext() {
+  if (activationContext != INVALID_HANDLE_VALUE) return true;
+
+  HANDLE context = nullptr;
+  if (!QueryModuleContext(&context)) return false;
+  if (!context && !CreateModuleContext(&context)) return false;
+  activationContext = context;
+  KeepCommonControlsResident();
+  return true;
+}
+
+bool ActivateLibraryContext(ULONG_PTR* cookie) {
+  return EnsureActivationContext() && ActivateActCtx(activationContext, cookie);
+}
+
+FARPROC GetCommonControlsProc(const char* name) {
+  LastErrorOfFailure lastError;
+  const LibraryContext context;
+  if (!context.IsActive()) return nullptr;
+
+  const HMODULE module = CommonControls();
+  const FARPROC found = module ? GetProcAddress(module, name) : nullptr;
+  if (!found) lastError.Keep();
+  return found;
+}
+
+LibraryContext::~LibraryContext() {
+  if (active) DeactivateActCtx(0, cookie);
+}
+
+void LastErrorOfFailure::Keep() {
+  error = GetLastError();
+  kept = true;
+}
+
+LastErrorOfFailure::~LastErrorOfFailure() {
+  if (kept) SetLastError(error);
+}
+
+}  // namespace activation
