@@ -1,0 +1,10 @@
+# Warnings are errors in all code of ours, in both builds; both builds compile for Unicode.
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Werror)
+add_compile_definitions(UNICODE _UNICODE)
+
+if(WIN32)
+  add_compile_definitions(_WIN32_WINNT=0x0601 WINVER=0x0601)
+  # GetProcAddress and window procedures are cast between function types by design.
+  add_compile_options(-Wno-cast-function-type)
+endif()

@@ -1,0 +1,17 @@
+# Sourced: sets WINE64 and WINESERVER to the programs themselves. The distribution's `wine` script
+# is passed by, since it may insist on a 32-bit half that nothing here needs.
+
+find_first() {
+  for candidate in "$@"; do
+    if [ -x "$candidate" ]; then
+      echo "$candidate"
+      return 0
+    fi
+  done
+  echo "None of these was found: $*. Run tools/install_packages.sh." >&2
+  return 1
+}
+
+WINE64=$(find_first /usr/lib/wine/wine64 /usr/bin/wine64 /usr/lib/wine64/wine64)
+WINESERVER=$(find_first /usr/lib/wine/wineserver64 /usr/lib/wine/wineserver /usr/bin/wineserver)
+export WINE64 WINESERVER

@@ -1,0 +1,120 @@
+#!/bin/bash
+# with_display.sh command [argument...]
+#
+# Runs a command with an X display and a Wine prefix of its own, and ends both afterwards. The
+# prefixes lie under build/, one for each run that goes on at the same time; making one takes some
+# seconds, once. Within such a run a nested call just runs its command.
+set -euo pipefail
+
+if [ -n "${QVL_DISPLAY_READY:-}" ]; then
+  exec "$@"
+fi
+
+tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
+root=$(dirname -- "$tools")
+# shellcheck source=tools/find_wine.sh
+. "$tools/find_wine.sh"
+
+xvfb_pid=
+command_pid=
+prefix_locked=
+
+cleanup() {
+  trap - EXIT INT TERM HUP
+  if [ -n "$command_pid" ]; then
+    kill "$command_pid" 2>/dev/null || true
+  fi
+  if [ -n "$prefix_locked" ]; then
+    "$WINESERVER" -k 2>/dev/null || true
+    timeout 10 "$WINESERVER" -w 2>/dev/null || true
+  fi
+  if [ -n "$xvfb_pid" ]; then
+    kill "$xvfb_pid" 2>/dev/null || true
+    wait "$xvfb_pid" 2>/dev/null || true
+  fi
+}
+trap cleanup EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+trap 'exit 129' HUP
+
+# The first prefix that no other run holds. The lock ends with this script, however it ends, and
+# is handed to no child, so a server still bound to a prefix that could be locked is a leftover.
+choose_prefix() {
+  mkdir -p "$root/build"
+  local slot
+  for slot in 1 2 3 4 5 6 7 8; do
+    exec 9>"$root/build/wine-$slot.lock"
+    if flock -n 9; then
+      export WINEPREFIX="$root/build/wine-$slot"
+      prefix_locked=yes
+      "$WINESERVER" -k 9>&- 2>/dev/null || true
+      return
+    fi
+  done
+  echo "with_display.sh: too many runs at the same time in $root" >&2
+  exit 1
+}
+
+start_display() {
+  local number_file
+  number_file=$(mktemp)
+  setpriv --pdeathsig TERM Xvfb -displayfd 8 -screen 0 1280x1024x24 -nolisten tcp -noreset \
+    8>"$number_file" 9>&- >/dev/null 2>&1 &
+  xvfb_pid=$!
+  local tries
+  for ((tries = 0; tries < 200; tries++)); do
+    if [ -s "$number_file" ]; then
+      break
+    fi
+    if ! kill -0 "$xvfb_pid" 2>/dev/null; then
+      break
+    fi
+    sleep 0.05
+  done
+  DISPLAY=:$(tr -d '[:space:]' <"$number_file")
+  rm -f "$number_file"
+  if [ "$DISPLAY" = : ]; then
+    echo "with_display.sh: the virtual display did not start" >&2
+    exit 1
+  fi
+  export DISPLAY
+}
+
+# A prefix is complete when its marker names the Wine that made it. It has no theme, since windows
+# without one look and measure the same everywhere.
+make_prefix() {
+  local marker="$WINEPREFIX/qvl-ready" version
+  version=$("$WINE64" --version 9>&-)
+  "$WINESERVER" -p 9>&- 2>/dev/null || true
+  if [ "$(cat "$marker" 2>/dev/null)" = "$version" ]; then
+    return
+  fi
+  "$WINESERVER" -k 9>&- 2>/dev/null || true
+  timeout 10 "$WINESERVER" -w 9>&- 2>/dev/null || true
+  rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX"
+  "$WINESERVER" -p 9>&-
+  "$WINE64" wineboot -i 9>&- >/dev/null 2>&1
+  "$WINE64" reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager' \
+    /v ThemeActive /t REG_SZ /d 0 /f 9>&- >/dev/null 2>&1
+  echo "$version" >"$marker"
+}
+
+export WINEARCH=win64
+export WINEDEBUG=${WINEDEBUG:--all}
+# No installers of optional parts, no menu entries of the prefix in the user's desktop.
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
+unset WAYLAND_DISPLAY XAUTHORITY
+
+choose_prefix
+start_display
+make_prefix
+
+export QVL_DISPLAY_READY=1
+"$@" <&0 9>&- &
+command_pid=$!
+status=0
+wait "$command_pid" || status=$?
+command_pid=
+exit "$status"

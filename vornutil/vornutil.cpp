@@ -1,0 +1,69 @@
+#include "vornutil.h"
+
+#include <algorithm>
+#include <new>
+#include <string>
+#include <utility>
+
+namespace VornSDK {
+namespace Util {
+namespace {
+
+// `length` characters of `text` in a terminated block with room for `capacity`; null without memory.
+std::unique_ptr<WCHAR[]> Copy(const WCHAR* text, int length, int capacity) noexcept {
+  const auto size = static_cast<std::size_t>(capacity) + 1;
+  std::unique_ptr<WCHAR[]> copy(new (std::nothrow) WCHAR[size]());
+  if (copy) {
+    std::copy_n(text, length, copy.get());
+  }
+  return copy;
+}
+
+}  // namespace
+
+void UseLanguagePackLocale() {}
+
+WStr::WStr() noexcept = default;
+WStr::~WStr() = default;
+
+WStr::WStr(const WStr& other) noexcept { *this = other; }
+
+WStr::WStr(WStr&& other) noexcept
+    : text_(std::move(other.text_)), length_(std::exchange(other.length_, 0)) {}
+
+WStr& WStr::operator=(const WStr& other) noexcept {
+  if (this != &other) {
+    text_ = other.text_ ? Copy(other.text_.get(), other.length_, other.length_) : nullptr;
+    length_ = text_ ? other.length_ : 0;
+  }
+  return *this;
+}
+
+WStr& WStr::operator=(WStr&& other) noexcept {
+  if (this != &other) {
+    text_ = std::move(other.text_);
+    length_ = std::exchange(other.length_, 0);
+  }
+  return *this;
+}
+
+WStr WStr::FromVCHAR(const WCHAR* text, int length) noexcept {
+  WStr result;
+  if (text) {
+    const int count = length < 0 ? static_cast<int>(std::char_traits<WCHAR>::length(text)) : length;
+    result.text_ = Copy(text, count, count);
+    result.length_ = result.text_ ? count : 0;
+  }
+  return result;
+}
+
+WCHAR* WStr::dataForWrite(int length) noexcept {
+  if (text_ && length > length_) {
+    text_ = Copy(text_.get(), length_, length);
+    length_ = text_ ? length : 0;
+  }
+  return text_.get();
+}
+
+}  // namespace Util
+}  // namespace VornSDK
