@@ -1,0 +1,69 @@
+#include "support/host_window.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace {
+
+constexpr const WCHAR* kHostClass = TEXT("QVLTestHost");
+
+void RegisterHostClass() {
+  WNDCLASSW windowClass = {};
+  windowClass.lpfnWndProc = DefWindowProcW;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = kHostClass;
+  static const ATOM registered = RegisterClassW(&windowClass);
+  ASSERT_NE(registered, 0);
+}
+
+}  // namespace
+
+void PumpMessages() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+void HostTest::SetUp() {
+  ASSERT_NO_FATAL_FAILURE(RegisterHostClass());
+  host = CreateWindowExW(0, kHostClass, TEXT("host"), WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50,
+                         50, kWidth, kHeight, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  ASSERT_NE(host, nullptr);
+  view = GetIQVLTreeView();
+  ASSERT_NE(view, nullptr);
+  client.view = view;
+  PumpMessages();
+}
+
+void HostTest::TearDown() {
+  ReleaseView();
+  if (host && IsWindow(host)) {
+    DestroyWindow(host);
+  }
+  PumpMessages();
+}
+
+HWND HostTest::CreateView(std::uint32_t style, QVLTreeViewStyleExt* styleExt) {
+  view->SetClient(&client);
+  return view->Create(host, kControlId, 0, 0, kWidth, kHeight, style, styleExt);
+}
+
+ItemHandle HostTest::Insert(const WCHAR* name, ItemHandle parent) {
+  QVLTreeViewItem item;
+  item.SetItemName(name);
+  const ItemHandle handle = view->InsertItem(&item, parent);
+  std::string label;
+  for (const WCHAR* character = name; *character; ++character) {
+    label += static_cast<char>(*character);
+  }
+  client.labels[handle] = label;
+  return handle;
+}
+
+void HostTest::ReleaseView() {
+  ReleaseIQVLTreeView(view);
+  view = nullptr;
+}
