@@ -3,7 +3,8 @@
 #
 # Runs a command with an X display and a Wine prefix of its own, and ends both afterwards. The
 # prefixes lie under build/, one for each run that goes on at the same time; making one takes some
-# seconds, once. Within such a run a nested call just runs its command.
+# seconds, once. Within such a run a nested call just runs its command. With QVL_USE_DISPLAY set
+# the display is the user's own.
 set -euo pipefail
 
 if [ -n "${QVL_DISPLAY_READY:-}" ]; then
@@ -105,10 +106,12 @@ export WINEARCH=win64
 export WINEDEBUG=${WINEDEBUG:--all}
 # No installers of optional parts, no menu entries of the prefix in the user's desktop.
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
-unset WAYLAND_DISPLAY XAUTHORITY
 
 choose_prefix
-start_display
+if [ -z "${QVL_USE_DISPLAY:-}" ]; then
+  unset WAYLAND_DISPLAY XAUTHORITY
+  start_display
+fi
 make_prefix
 
 export QVL_DISPLAY_READY=1

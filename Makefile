@@ -1,0 +1,33 @@
+# The commands of daily use; each says in its script what it does.
+
+.PHONY: all demo test sdk format lint clean packages lint-packages
+
+all: packages
+	@tools/build.sh windows
+	@tools/build.sh native
+
+# Shows a directory in the tree view: make demo [DIR=folder]
+demo: packages
+	@tools/build.sh windows demo
+	@tools/run_demo.sh $(if $(DIR),"$(DIR)")
+
+test: packages
+	@tools/run_tests.sh
+
+sdk: packages
+	@tools/make_sdk.sh
+
+format: lint-packages
+	@tools/format.sh
+
+lint: lint-packages
+	@tools/lint.sh
+
+clean:
+	rm -rf build
+
+packages:
+	@tools/install_packages.sh build
+
+lint-packages:
+	@tools/install_packages.sh lint
