@@ -9,7 +9,8 @@ namespace VornSDK {
 namespace Util {
 namespace {
 
-// `length` characters of `text` in a terminated block with room for `capacity`; null without memory.
+// `length` characters of `text` in a terminated block with room for `capacity`; null without
+// memory.
 std::unique_ptr<WCHAR[]> Copy(const WCHAR* text, int length, int capacity) noexcept {
   const auto size = static_cast<std::size_t>(capacity) + 1;
   std::unique_ptr<WCHAR[]> copy(new (std::nothrow) WCHAR[size]());

@@ -15,9 +15,8 @@
 // proves nothing.
 class ImportPatch {
  public:
-  template <class Function>
-    requires std::is_function_v<Function>
-  ImportPatch(const char* name, Function* replacement)
+  template <class Result, class... Arguments>
+  ImportPatch(const char* name, Result (*replacement)(Arguments...))
       : ImportPatch(name, reinterpret_cast<void*>(replacement)) {}
   ~ImportPatch();
 

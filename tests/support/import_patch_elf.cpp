@@ -13,10 +13,10 @@ namespace {
 
 // What the search needs of the loaded library: its place and its dynamic section.
 struct LoadedLibrary {
-  ElfW(Addr) base = 0;
-  const ElfW(Dyn)* dynamic = nullptr;
-  ElfW(Addr) codeBegin = 0;
-  ElfW(Addr) codeEnd = 0;
+  Elf64_Addr base = 0;
+  const Elf64_Dyn* dynamic = nullptr;
+  Elf64_Addr codeBegin = 0;
+  Elf64_Addr codeEnd = 0;
 };
 
 int FindLibrary(dl_phdr_info* info, std::size_t, void* data) {
@@ -26,10 +26,10 @@ int FindLibrary(dl_phdr_info* info, std::size_t, void* data) {
   auto* library = static_cast<LoadedLibrary*>(data);
   library->base = info->dlpi_addr;
   for (int i = 0; i < info->dlpi_phnum; ++i) {
-    const ElfW(Phdr)& segment = info->dlpi_phdr[i];
-    const ElfW(Addr) begin = info->dlpi_addr + segment.p_vaddr;
+    const Elf64_Phdr& segment = info->dlpi_phdr[i];
+    const Elf64_Addr begin = info->dlpi_addr + segment.p_vaddr;
     if (segment.p_type == PT_DYNAMIC) {
-      library->dynamic = reinterpret_cast<const ElfW(Dyn)*>(begin);
+      library->dynamic = reinterpret_cast<const Elf64_Dyn*>(begin);
     } else if (segment.p_type == PT_LOAD && (segment.p_flags & PF_X)) {
       library->codeBegin = begin;
       library->codeEnd = begin + segment.p_memsz;
@@ -48,8 +48,8 @@ LoadedLibrary Library() {
 }
 
 // The value of one entry of the dynamic section, 0 if it is not there.
-ElfW(Addr) Entry(const LoadedLibrary& library, ElfW(Sxword) tag) {
-  for (const ElfW(Dyn)* entry = library.dynamic; entry->d_tag != DT_NULL; ++entry) {
+Elf64_Addr Entry(const LoadedLibrary& library, Elf64_Sxword tag) {
+  for (const Elf64_Dyn* entry = library.dynamic; entry->d_tag != DT_NULL; ++entry) {
     if (entry->d_tag == tag) {
       return entry->d_un.d_ptr;
     }
@@ -59,14 +59,14 @@ ElfW(Addr) Entry(const LoadedLibrary& library, ElfW(Sxword) tag) {
 
 // The slots that one relocation table binds to the symbol `name`: those of calls, and those of
 // functions whose address the library takes.
-void CollectSlots(const LoadedLibrary& library, ElfW(Addr) table, std::size_t size,
+void CollectSlots(const LoadedLibrary& library, Elf64_Addr table, std::size_t size,
                   const std::string& name, std::vector<void**>* slots) {
-  const auto* symbols = reinterpret_cast<const ElfW(Sym)*>(Entry(library, DT_SYMTAB));
+  const auto* symbols = reinterpret_cast<const Elf64_Sym*>(Entry(library, DT_SYMTAB));
   const auto* strings = reinterpret_cast<const char*>(Entry(library, DT_STRTAB));
-  const auto* relocations = reinterpret_cast<const ElfW(Rela)*>(table);
+  const auto* relocations = reinterpret_cast<const Elf64_Rela*>(table);
   for (std::size_t i = 0; i < size / sizeof *relocations; ++i) {
     const auto type = ELF64_R_TYPE(relocations[i].r_info);
-    const ElfW(Sym)& symbol = symbols[ELF64_R_SYM(relocations[i].r_info)];
+    const Elf64_Sym& symbol = symbols[ELF64_R_SYM(relocations[i].r_info)];
     const bool bound = type == R_X86_64_JUMP_SLOT || type == R_X86_64_GLOB_DAT;
     if (bound && symbol.st_shndx == SHN_UNDEF && name == strings + symbol.st_name) {
       slots->push_back(reinterpret_cast<void**>(library.base + relocations[i].r_offset));
@@ -85,7 +85,7 @@ std::vector<void**> FindSlots(const std::string& name) {
 // A slot that no call has bound yet leads back into the library, to the code that binds it.
 void* Target(void* const* slot, const char* name) {
   const LoadedLibrary library = Library();
-  const auto address = reinterpret_cast<ElfW(Addr)>(*slot);
+  const auto address = reinterpret_cast<Elf64_Addr>(*slot);
   const bool unbound = address >= library.codeBegin && address < library.codeEnd;
   return unbound ? dlsym(RTLD_DEFAULT, name) : *slot;
 }
