@@ -1,0 +1,4 @@
+// Part of the drag and drop interfaces.
+#pragma once
+
+#include "ole2.h"

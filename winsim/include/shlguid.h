@@ -1,0 +1,4 @@
+// Part of the shell's interfaces.
+#pragma once
+
+#include "shlobj.h"
