@@ -16,5 +16,6 @@ fi
 sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/native/compile_commands.json |
   grep "^$root/" | grep -v "^$root/build/" | sort -u |
   xargs -r -P "$(nproc)" -n 4 clang-tidy -p build/native --quiet --warnings-as-errors='*' \
+    --extra-arg=-Wno-unknown-warning-option \
     2> >(grep -v 'warnings\{0,1\} generated\.$' >&2) || status=1
 exit "$status"
