@@ -30,20 +30,20 @@ WStr::~WStr() = default;
 WStr::WStr(const WStr& other) noexcept { *this = other; }
 
 WStr::WStr(WStr&& other) noexcept
-    : text_(std::move(other.text_)), length_(std::exchange(other.length_, 0)) {}
+    : data(std::move(other.data)), size(std::exchange(other.size, 0)) {}
 
 WStr& WStr::operator=(const WStr& other) noexcept {
   if (this != &other) {
-    text_ = other.text_ ? Copy(other.text_.get(), other.length_, other.length_) : nullptr;
-    length_ = text_ ? other.length_ : 0;
+    data = other.data ? Copy(other.data.get(), other.size, other.size) : nullptr;
+    size = data ? other.size : 0;
   }
   return *this;
 }
 
 WStr& WStr::operator=(WStr&& other) noexcept {
   if (this != &other) {
-    text_ = std::move(other.text_);
-    length_ = std::exchange(other.length_, 0);
+    data = std::move(other.data);
+    size = std::exchange(other.size, 0);
   }
   return *this;
 }
@@ -52,18 +52,18 @@ WStr WStr::FromVCHAR(const WCHAR* text, int length) noexcept {
   WStr result;
   if (text) {
     const int count = length < 0 ? static_cast<int>(std::char_traits<WCHAR>::length(text)) : length;
-    result.text_ = Copy(text, count, count);
-    result.length_ = result.text_ ? count : 0;
+    result.data = Copy(text, count, count);
+    result.size = result.data ? count : 0;
   }
   return result;
 }
 
 WCHAR* WStr::dataForWrite(int length) noexcept {
-  if (text_ && length > length_) {
-    text_ = Copy(text_.get(), length_, length);
-    length_ = text_ ? length : 0;
+  if (data && length > size) {
+    data = Copy(data.get(), size, length);
+    size = data ? length : 0;
   }
-  return text_.get();
+  return data.get();
 }
 
 }  // namespace Util

@@ -36,8 +36,8 @@ class VORNUTIL_API WStr {
   WCHAR* dataForWrite(int length) noexcept;
 
  private:
-  std::unique_ptr<WCHAR[]> text_;
-  int length_ = 0;
+  std::unique_ptr<WCHAR[]> data;
+  int size = 0;
 };
 
 }  // namespace Util

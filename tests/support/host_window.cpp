@@ -6,13 +6,13 @@
 
 namespace {
 
-constexpr const WCHAR* kHostClass = TEXT("QVLTestHost");
+constexpr const WCHAR* HOST_CLASS = TEXT("QVLTestHost");
 
 void RegisterHostClass() {
   WNDCLASSW windowClass = {};
   windowClass.lpfnWndProc = DefWindowProcW;
   windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.lpszClassName = kHostClass;
+  windowClass.lpszClassName = HOST_CLASS;
   static const ATOM registered = RegisterClassW(&windowClass);
   ASSERT_NE(registered, 0);
 }
@@ -29,8 +29,8 @@ void PumpMessages() {
 
 void HostTest::SetUp() {
   ASSERT_NO_FATAL_FAILURE(RegisterHostClass());
-  host = CreateWindowExW(0, kHostClass, TEXT("host"), WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50,
-                         50, kWidth, kHeight, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  host = CreateWindowExW(0, HOST_CLASS, TEXT("host"), WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50,
+                         50, WIDTH, HEIGHT, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
   ASSERT_NE(host, nullptr);
   view = GetIQVLTreeView();
   ASSERT_NE(view, nullptr);
@@ -48,7 +48,7 @@ void HostTest::TearDown() {
 
 HWND HostTest::CreateView(std::uint32_t style, QVLTreeViewStyleExt* styleExt) {
   view->SetClient(&client);
-  return view->Create(host, kControlId, 0, 0, kWidth, kHeight, style, styleExt);
+  return view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, style, styleExt);
 }
 
 ItemHandle HostTest::Insert(const WCHAR* name, ItemHandle parent) {

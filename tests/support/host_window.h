@@ -1,5 +1,4 @@
-#ifndef QVL_TESTS_SUPPORT_HOST_WINDOW_H
-#define QVL_TESTS_SUPPORT_HOST_WINDOW_H
+#pragma once
 
 #include <gtest/gtest.h>
 
@@ -15,9 +14,9 @@ void PumpMessages();
 // creates with the style it wants. Everything ends with the test.
 class HostTest : public ::testing::Test {
  protected:
-  static constexpr int kControlId = 100;
-  static constexpr int kWidth = 300;
-  static constexpr int kHeight = 400;
+  static constexpr int CONTROL_ID = 100;
+  static constexpr int WIDTH = 300;
+  static constexpr int HEIGHT = 400;
 
   void SetUp() override;
   void TearDown() override;
@@ -35,5 +34,3 @@ class HostTest : public ::testing::Test {
   IQVLTreeView* view = nullptr;
   RecordingClient client;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef QVL_TESTS_SUPPORT_IMPORT_PATCH_H
-#define QVL_TESTS_SUPPORT_IMPORT_PATCH_H
+#pragma once
 
 #include <string>
 #include <type_traits>
@@ -26,17 +25,15 @@ class ImportPatch {
   // What the library called before; `Function` is the function's type or a pointer to it.
   template <class Function>
   std::add_pointer_t<std::remove_pointer_t<Function>> Original() const {
-    return reinterpret_cast<std::add_pointer_t<std::remove_pointer_t<Function>>>(original_);
+    return reinterpret_cast<std::add_pointer_t<std::remove_pointer_t<Function>>>(original);
   }
 
  private:
   ImportPatch(const char* name, void* replacement);
 
-  std::vector<void**> slots_;
-  void* original_ = nullptr;
+  std::vector<void**> slots;
+  void* original = nullptr;
 };
 
 // Whether the library imports `name` at all.
 bool LibraryImports(const std::string& name);
-
-#endif

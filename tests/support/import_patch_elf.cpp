@@ -92,19 +92,19 @@ void* Target(void* const* slot, const char* name) {
 
 }  // namespace
 
-ImportPatch::ImportPatch(const char* name, void* replacement) : slots_(FindSlots(name)) {
-  if (slots_.empty()) {
+ImportPatch::ImportPatch(const char* name, void* replacement) : slots(FindSlots(name)) {
+  if (slots.empty()) {
     throw std::runtime_error(std::string("libqvl.so does not import ") + name);
   }
-  original_ = Target(slots_.front(), name);
-  for (void** slot : slots_) {
+  original = Target(slots.front(), name);
+  for (void** slot : slots) {
     *slot = replacement;
   }
 }
 
 ImportPatch::~ImportPatch() {
-  for (void** slot : slots_) {
-    *slot = original_;
+  for (void** slot : slots) {
+    *slot = original;
   }
 }
 

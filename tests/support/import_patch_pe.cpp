@@ -62,19 +62,19 @@ void Write(void** slot, void* target) {
 
 }  // namespace
 
-ImportPatch::ImportPatch(const char* name, void* replacement) : slots_(FindSlots(name)) {
-  if (slots_.empty()) {
+ImportPatch::ImportPatch(const char* name, void* replacement) : slots(FindSlots(name)) {
+  if (slots.empty()) {
     throw std::runtime_error(std::string("qvl.dll does not import ") + name);
   }
-  original_ = *slots_.front();
-  for (void** slot : slots_) {
+  original = *slots.front();
+  for (void** slot : slots) {
     Write(slot, replacement);
   }
 }
 
 ImportPatch::~ImportPatch() {
-  for (void** slot : slots_) {
-    Write(slot, original_);
+  for (void** slot : slots) {
+    Write(slot, original);
   }
 }
 

@@ -36,7 +36,7 @@ Result Answer(std::function<Result(Arguments...)> function, Arguments... argumen
 
 }  // namespace
 
-Lines RecordingClient::Take() { return std::exchange(lines_, {}); }
+Lines RecordingClient::Take() { return std::exchange(lines, {}); }
 
 std::string RecordingClient::Name(ItemHandle item) const {
   const auto found = labels.find(item);
@@ -53,7 +53,7 @@ std::string RecordingClient::Names(const ItemHandleList& items) const {
 
 void RecordingClient::Record(IQVLTreeView* from, std::string line) {
   EXPECT_EQ(from, view) << "in " << line;
-  lines_.push_back(std::move(line));
+  lines.push_back(std::move(line));
 }
 
 void RecordingClient::OnContextMenu(IQVLTreeView* from, int x, int y, ItemHandle item,

@@ -1,5 +1,4 @@
-#ifndef QVL_TESTS_SUPPORT_RECORDING_CLIENT_H
-#define QVL_TESTS_SUPPORT_RECORDING_CLIENT_H
+#pragma once
 
 #include <cstdint>
 #include <functional>
@@ -67,7 +66,5 @@ class RecordingClient final : public IQVLTreeViewClient {
   void Record(IQVLTreeView* from, std::string line);
   std::string Names(const ItemHandleList& items) const;
 
-  Lines lines_;
+  Lines lines;
 };
-
-#endif
