@@ -63,6 +63,9 @@ void CollectSlots(const LoadedLibrary& library, Elf64_Addr table, std::size_t si
                   const std::string& name, std::vector<void**>* slots) {
   const auto* symbols = reinterpret_cast<const Elf64_Sym*>(Entry(library, DT_SYMTAB));
   const auto* strings = reinterpret_cast<const char*>(Entry(library, DT_STRTAB));
+  if (!table || !symbols || !strings) {
+    return;
+  }
   const auto* relocations = reinterpret_cast<const Elf64_Rela*>(table);
   for (std::size_t i = 0; i < size / sizeof *relocations; ++i) {
     const auto type = ELF64_R_TYPE(relocations[i].r_info);
