@@ -425,7 +425,6 @@ QVL_API IQVLTreeView* GetIQVLTreeView();
 
 // Ends a view: its windows, its items and itself. Null is ignored.
 QVL_API void ReleaseIQVLTreeView(IQVLTreeView* view);
-
 }
 
 #endif
