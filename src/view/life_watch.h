@@ -1,8 +1,7 @@
 // How a flow that calls the host learns what is left afterwards. The host may end the view or
 // delete items from any callback, so a flow keeps a LifeWatch of its view and a HeldItem for each
 // item it will name again, and asks them after every call out.
-#ifndef QVL_VIEW_LIFE_WATCH_H
-#define QVL_VIEW_LIFE_WATCH_H
+#pragma once
 
 #include "core/qvl.h"
 
@@ -87,5 +86,3 @@ inline void ViewLife::ItemDeleted(ItemHandle item) {
     if (held->handle == item) held->handle = 0;
   }
 }
-
-#endif
