@@ -1,0 +1,44 @@
+// The visible walk for a loop whose body calls out or changes the tree.
+#pragma once
+
+#include "platform/tree_control.h"
+#include "view/life_watch.h"
+
+#include <iterator>
+
+// The visible items from the top down. The walk ends early when the item that it stands on is
+// deleted or the view ends; nothing of either is touched then.
+class VisibleWalk {
+ public:
+  VisibleWalk(HWND walked, ViewLife& life) : control(walked), held(life, tree::FirstItem(walked)) {}
+
+  class Iterator {
+   public:
+    using difference_type = std::ptrdiff_t;
+    using value_type = ItemHandle;
+
+    explicit Iterator(VisibleWalk* of) : walk(of) {}
+
+    ItemHandle operator*() const { return walk->held.Get(); }
+    Iterator& operator++() {
+      walk->Advance();
+      return *this;
+    }
+    void operator++(int) { ++*this; }
+    bool operator==(std::default_sentinel_t) const { return walk->held.Get() == 0; }
+
+   private:
+    VisibleWalk* walk;
+  };
+
+  Iterator begin() { return Iterator(this); }
+  std::default_sentinel_t end() const { return {}; }
+
+ private:
+  void Advance() {
+    if (held.Get()) held.Hold(tree::NextVisible(control, held.Get()));
+  }
+
+  HWND control;
+  HeldItem held;
+};
