@@ -1,0 +1,137 @@
+#include "demo_client.h"
+
+#include <array>
+
+#include "entry_text.h"
+
+namespace demo {
+namespace {
+
+struct FlagName {
+  std::uint32_t flag;
+  const char* name;
+};
+
+constexpr std::array<FlagName, 12> HIT_FLAGS{{
+    {QVLHT_ABOVE, "above"},
+    {QVLHT_BELOW, "below"},
+    {QVLHT_NOWHERE, "nowhere"},
+    {QVLHT_ONITEM, "item"},
+    {QVLHT_ONITEMBUTTON, "button"},
+    {QVLHT_ONITEMICON, "icon"},
+    {QVLHT_ONITEMINDENT, "indent"},
+    {QVLHT_ONITEMLABEL, "label"},
+    {QVLHT_ONITEMRIGHT, "right"},
+    {QVLHT_ONITEMSTATEICON, "box"},
+    {QVLHT_TOLEFT, "left of all"},
+    {QVLHT_TORIGHT, "right of all"},
+}};
+
+std::string HitText(std::uint32_t flags) {
+  std::string text;
+  for (const FlagName& known : HIT_FLAGS) {
+    if ((flags & known.flag) == 0) continue;
+    if (!text.empty()) text += '+';
+    text += known.name;
+  }
+  return text.empty() ? "nothing" : text;
+}
+
+bool IsBeginOfEdit(std::uint32_t code) {
+  return code == TVN_BEGINLABELEDITW || code == LVN_BEGINLABELEDITW;
+}
+
+}  // namespace
+
+std::optional<std::size_t> EntryOf(IQVLTreeView& view, ItemHandle item) {
+  if (item == -1) return std::nullopt;
+  const std::int64_t value = view.GetItemClientPtr(item);
+  if (value <= 0) return std::nullopt;
+  return static_cast<std::size_t>(value - 1);
+}
+
+std::string DemoClient::NameOf(IQVLTreeView& view, ItemHandle item) const {
+  const auto entry = EntryOf(view, item);
+  return entry ? model.RelativeName(*entry) : "none";
+}
+
+void DemoClient::OnContextMenu(IQVLTreeView* view, int x, int y, ItemHandle item,
+                               std::uint32_t hitFlags) {
+  log.Add("OnContextMenu " + NameOf(*view, item) + " on " + HitText(hitFlags) + " at " +
+          std::to_string(x) + "," + std::to_string(y));
+  if (desk) desk->OpenContextMenu(x, y, item);
+}
+
+bool DemoClient::OnGetInfoTip(IQVLTreeView* view, ItemHandle item, WCHAR** text, int* length,
+                              std::uint32_t hitFlags) {
+  log.Add("OnGetInfoTip " + NameOf(*view, item) + " on " + HitText(hitFlags));
+  const auto entry = EntryOf(*view, item);
+  if (!entry) return false;
+  tip = TipText(model.At(*entry));
+  *text = tip.data();
+  *length = static_cast<int>(tip.size());
+  return true;
+}
+
+bool DemoClient::CollectFiles(IQVLTreeView& view, const ItemHandleList& items,
+                              FileNameList& files, std::string call) {
+  const char* separator = " ";
+  for (const ItemHandle item : items) {
+    const auto entry = EntryOf(view, item);
+    if (!entry) continue;
+    files.push_back(WidePath(model.At(*entry).path));
+    call += separator + model.RelativeName(*entry);
+    separator = ", ";
+  }
+  log.Add(call);
+  return !files.empty();
+}
+
+bool DemoClient::OnBeginDrag(IQVLTreeView* view, ItemHandleList* items, FileNameList* files) {
+  return CollectFiles(*view, *items, *files, "OnBeginDrag");
+}
+
+bool DemoClient::OnCreateColumns(IQVLTreeView*, HWND listWindow, RECT* clientRect) {
+  log.Add("OnCreateColumns");
+  if (desk) desk->MakeColumns(listWindow, *clientRect);
+  return desk != nullptr;
+}
+
+bool DemoClient::OnShellContextMenu(IQVLTreeView* view, ItemHandleList* items,
+                                    FileNameList* files) {
+  return CollectFiles(*view, *items, *files, "OnShellContextMenu");
+}
+
+bool DemoClient::OnLabelEdit(IQVLTreeView*, NMHDR* record, std::uint32_t code) {
+  const bool begins = IsBeginOfEdit(code);
+  const bool answer = desk ? desk->AnswerLabelEdit(record, code) : begins;
+  const char* outcome = begins ? (answer ? "refused" : "allowed") : (answer ? "taken" : "left");
+  log.Add(std::string("OnLabelEdit ") + (begins ? "begins, " : "ends, ") + outcome);
+  return answer;
+}
+
+void DemoClient::OnBeginSelectionChange(IQVLTreeView*) {
+  log.Add("OnBeginSelectionChange", depth);
+  ++depth;
+}
+
+void DemoClient::OnItemSelectionChanged(IQVLTreeView* view, ItemHandle item) {
+  log.Add("OnItemSelectionChanged " + NameOf(*view, item), depth);
+}
+
+void DemoClient::OnEndSelectionChange(IQVLTreeView*) {
+  --depth;
+  log.Add("OnEndSelectionChange", depth);
+}
+
+void DemoClient::OnColumnClick(IQVLTreeView*, int column) {
+  log.Add("OnColumnClick " + std::to_string(column));
+  if (desk) desk->SortBy(static_cast<Column>(column));
+}
+
+void DemoClient::OnItemExpanded(IQVLTreeView* view, ItemHandle item) {
+  const bool expanded = view->IsItemExpanded(item);
+  log.Add("OnItemExpanded " + NameOf(*view, item) + (expanded ? " open" : " closed"));
+}
+
+}  // namespace demo

@@ -1,0 +1,43 @@
+// The commands of the tool row and of the keys.
+#ifndef DEMO_COMMAND_IDS_H
+#define DEMO_COMMAND_IDS_H
+
+#include <array>
+
+namespace demo {
+
+enum class Command : int {
+  ExpandAll = 100,
+  CollapseAll,
+  TickAll,
+  UntickAll,
+  SelectAll,
+  InvertSelection,
+  Remove,
+  Rename,
+  Colours,
+  Switch,
+};
+
+struct CommandText {
+  Command command;
+  const wchar_t* label;
+  const char* name;  // on the channel
+};
+
+constexpr std::array<CommandText, 10> COMMANDS{{
+    {Command::ExpandAll, L"Expand all", "expand"},
+    {Command::CollapseAll, L"Collapse all", "collapse"},
+    {Command::TickAll, L"Check all", "tick"},
+    {Command::UntickAll, L"Uncheck all", "untick"},
+    {Command::SelectAll, L"Select all", "select"},
+    {Command::InvertSelection, L"Invert", "invert"},
+    {Command::Remove, L"Delete", "remove"},
+    {Command::Rename, L"Rename", "rename"},
+    {Command::Colours, L"Colours", "colours"},
+    {Command::Switch, L"Tree/List", "switch"},
+}};
+
+}  // namespace demo
+
+#endif

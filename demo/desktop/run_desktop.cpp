@@ -1,0 +1,72 @@
+#include <windows.h>
+
+#include <commctrl.h>
+#include <ole2.h>
+
+#include <cstdio>
+#include <memory>
+
+#include "browser_window.h"
+#include "call_log.h"
+#include "commands.h"
+#include "options.h"
+#include "outline_run.h"
+#include "platform.h"
+#include "progress_window.h"
+
+namespace demo {
+namespace {
+
+// Drags and the clipboard need OLE on the thread; the library leaves that to its host.
+struct OleScope {
+  const HRESULT result = OleInitialize(nullptr);
+  ~OleScope() {
+    if (SUCCEEDED(result)) OleUninitialize();
+  }
+};
+
+bool ReadWithProgress(const Options& options, DirectoryModel& model) {
+  ProgressWindow progress(nullptr);
+  return ReadDirectory(options, model,
+                       [&](std::size_t read) { progress.Report(L"Reading: ", read, 0); });
+}
+
+void RunMessages(BrowserWindow& window, Commands* commands) {
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (commands != nullptr && commands->TakeSyncKey(message)) continue;
+    if (window.TranslateKey(message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+}  // namespace
+
+int RunDesktop(const Options& options) {
+  const OleScope ole;
+  INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_WIN95_CLASSES};
+  InitCommonControlsEx(&wanted);
+  DirectoryModel model;
+  if (!ReadWithProgress(options, model)) return 2;
+  CallLog log;
+  if (!options.logFile.empty() && !log.WriteTo(options.logFile)) {
+    std::fprintf(stderr, "demo: the log file can't be written\n");
+    return 2;
+  }
+  BrowserWindow window(model, log);
+  if (!window.Create(options)) {
+    std::fprintf(stderr, "demo: the window can't be made\n");
+    return 1;
+  }
+  std::unique_ptr<Commands> commands;
+  if (options.channel) {
+    commands = std::make_unique<Commands>(window);
+    if (!commands->Open()) return 1;
+  }
+  window.Show();
+  RunMessages(window, commands.get());
+  return 0;
+}
+
+}  // namespace demo
