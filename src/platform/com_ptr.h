@@ -1,6 +1,5 @@
 // Owner of one reference to an interface.
-#ifndef QVL_PLATFORM_COM_PTR_H
-#define QVL_PLATFORM_COM_PTR_H
+#pragma once
 
 #include <memory>
 
@@ -13,5 +12,3 @@ struct ComReleaser {
 
 template <class Interface>
 using ComPtr = std::unique_ptr<Interface, ComReleaser>;
-
-#endif

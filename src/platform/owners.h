@@ -1,10 +1,9 @@
 // Owners of what the platform hands out to be given back: each releases what it holds once.
-#ifndef QVL_PLATFORM_OWNERS_H
-#define QVL_PLATFORM_OWNERS_H
+#pragma once
 
 #include <windows.h>
 
-#include <objidl.h>
+#include <ole2.h>
 
 #include <memory>
 
@@ -44,5 +43,3 @@ struct TaskFreer {
 };
 template <class Type>
 using TaskMemory = std::unique_ptr<Type, TaskFreer>;
-
-#endif

@@ -1,6 +1,5 @@
 // The ids under which a folder of the shell knows the files of one menu.
-#ifndef QVL_SHELL_CHILD_IDS_H
-#define QVL_SHELL_CHILD_IDS_H
+#pragma once
 
 #include "platform/owners.h"
 
@@ -33,5 +32,3 @@ class ChildIds {
   TaskMemory<LPCITEMIDLIST> ids;
   std::size_t count = 0;
 };
-
-#endif

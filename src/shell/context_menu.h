@@ -1,6 +1,5 @@
 // The shell's own context menu for a list of files.
-#ifndef QVL_SHELL_CONTEXT_MENU_H
-#define QVL_SHELL_CONTEXT_MENU_H
+#pragma once
 
 #include "core/qvl.h"
 #include "platform/com_ptr.h"
@@ -38,5 +37,3 @@ class QVLShellContextMenu {
   // Held only while the menu is tracked.
   ComPtr<IContextMenu2> menu2;
 };
-
-#endif

@@ -1,6 +1,7 @@
 #include "shell/drag_drop.h"
 
 #include "platform/owners.h"
+#include "view/screen_point.h"
 
 #include <shlobj.h>
 
@@ -20,11 +21,6 @@ SIZE_T BlockSize(const FileNameList& names) {
   SIZE_T characters = 1;
   for (const auto& name : names) characters += LengthWithNull(name);
   return sizeof(DROPFILES) + characters * sizeof(WCHAR);
-}
-
-POINT LastMessagePoint() {
-  const DWORD position = GetMessagePos();
-  return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
 }
 
 // Fills a block of BlockSize(names) bytes.

@@ -1,6 +1,5 @@
 // The drag source: hands a list of file names to the system's drag loop, as copies of files only.
-#ifndef QVL_SHELL_DRAG_DROP_H
-#define QVL_SHELL_DRAG_DROP_H
+#pragma once
 
 #include "core/qvl.h"
 
@@ -50,5 +49,3 @@ class QVLDragDrop : public IDropSource, public IDataObject {
   IQVLTreeView* startedBy = nullptr;
   FileNameList* fileNames = nullptr;
 };
-
-#endif

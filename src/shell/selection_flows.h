@@ -3,8 +3,7 @@
 //
 // The client may end the view from its callback, and the host may while a drag or a menu is
 // running. After that nothing of the view is touched, nothing starts and the result is false.
-#ifndef QVL_SHELL_SELECTION_FLOWS_H
-#define QVL_SHELL_SELECTION_FLOWS_H
+#pragma once
 
 #include "core/qvl.h"
 #include "shell/context_menu.h"
@@ -22,5 +21,3 @@ bool DragSelection(IQVLTreeView* view, IQVLTreeView* owner, IQVLTreeViewClient* 
 bool ShowSelectionMenu(IQVLTreeView* owner, IQVLTreeViewClient* client, ViewLife& life,
                        HWND ownerWindow, int x, int y, ItemHandleList& items,
                        QVLShellContextMenu*& active) noexcept;
-
-#endif
