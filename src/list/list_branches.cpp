@@ -36,9 +36,10 @@ void QVLListView::UncheckAll() { ReplaceStateImages(list::kTickedBox, list::kEmp
 
 void QVLListView::ReplaceStateImages(UINT from, UINT to) {
   if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const int row : RowWalk(controlWindow, life)) {
-    if (list::StateImage(controlWindow, row) == from) {
-      list::SetStateImage(controlWindow, row, to);
-    }
+    if (list::StateImage(controlWindow, row) != from) continue;
+    pause.BeforeChange();
+    list::SetStateImage(controlWindow, row, to);
   }
 }

@@ -6,6 +6,9 @@
 
 namespace {
 
+// The procedure that a list control had before; all list controls have the same class procedure.
+WNDPROC savedListProc = nullptr;
+
 constexpr StylePair kStyles[] = {
     {QVLS_SHOWSELALWAYS, LVS_SHOWSELALWAYS},
     {QVLS_BORDER, WS_BORDER},
@@ -60,8 +63,25 @@ bool QVLListView::CreateControl(int width, int height, QVLTreeViewStyleExt* styl
   controlWindow =
       CreateViewControl(WC_LISTVIEWW, style, exStyle, parentWindow, controlId, width, height);
   if (!controlWindow) return false;
+  SubclassControl();
   list::SetExtendedStyle(controlWindow, listStyle);
   return true;
+}
+
+// The subclass procedure finds the view through the user data, so that comes first.
+void QVLListView::SubclassControl() {
+  SetWindowLongPtrW(controlWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  savedListProc = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+      controlWindow, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ListControlSubclassProc)));
+}
+
+// Notes what the host asks of the control's drawing, and changes nothing.
+LRESULT CALLBACK ListControlSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_SETREDRAW) {
+    auto* view = reinterpret_cast<QVLListView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    view->redraw.NoteRequest(wParam != 0);
+  }
+  return CallWindowProcW(savedListProc, window, message, wParam, lParam);
 }
 
 RECT QVLListView::ControlRect() const {

@@ -44,21 +44,29 @@ bool QVLListView::IsItemSelected(ItemHandle handle) {
 
 void QVLListView::SelectAll() {
   if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const int row : RowWalk(controlWindow, life)) {
-    if (!list::IsSelected(controlWindow, row)) list::Select(controlWindow, row, true);
+    if (list::IsSelected(controlWindow, row)) continue;
+    pause.BeforeChange();
+    list::Select(controlWindow, row, true);
   }
 }
 
 void QVLListView::ClearSelection() {
   if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const int row : RowWalk(controlWindow, life)) {
-    if (list::IsSelected(controlWindow, row)) list::Select(controlWindow, row, false);
+    if (!list::IsSelected(controlWindow, row)) continue;
+    pause.BeforeChange();
+    list::Select(controlWindow, row, false);
   }
 }
 
 void QVLListView::InvertSelection() {
   if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const int row : RowWalk(controlWindow, life)) {
+    pause.BeforeChange();
     list::Select(controlWindow, row, !list::IsSelected(controlWindow, row));
   }
 }

@@ -3,6 +3,7 @@
 
 #include "core/qvl.h"
 #include "view/life_watch.h"
+#include "view/redraw_pause.h"
 
 class QVLShellContextMenu;
 
@@ -67,9 +68,11 @@ class QVLListView final : public IQVLTreeView {
 
  private:
   friend struct ViewParent;
+  friend LRESULT CALLBACK ListControlSubclassProc(HWND, UINT, WPARAM, LPARAM);
 
   // Creation and insertion.
   bool CreateControl(int width, int height, QVLTreeViewStyleExt* styleExt);
+  void SubclassControl();
   void MakeColumns();
   RECT ControlRect() const;
   int InsertRow(const QVLTreeViewItem& item, ItemHandle parent);
@@ -104,7 +107,9 @@ class QVLListView final : public IQVLTreeView {
   bool multiSelect = false;
   bool clientColumns = false;
   QVLShellContextMenu* activeContextMenu = nullptr;
+  ControlRedraw redraw;
   ViewLife life;
 };
 
 LRESULT CALLBACK ListParentWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+LRESULT CALLBACK ListControlSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -7,7 +7,9 @@
 // Expanding makes the children visible before the walk goes on, so it reaches every item.
 void QVLTreeView::ExpandAll() {
   if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
+    pause.BeforeChange();
     tree::Expand(controlWindow, item, TVE_EXPAND);
   }
 }
@@ -15,7 +17,9 @@ void QVLTreeView::ExpandAll() {
 // Collapsing takes the children out before the walk goes on, so it reaches the top level alone.
 void QVLTreeView::CollapseAll() {
   if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
+    pause.BeforeChange();
     tree::Expand(controlWindow, item, TVE_COLLAPSE);
   }
 }
@@ -46,9 +50,10 @@ void QVLTreeView::UncheckAll() { ReplaceStateImages(tree::kTickedBox, tree::kEmp
 
 void QVLTreeView::ReplaceStateImages(UINT from, UINT to) {
   if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : tree::VisibleItems(controlWindow)) {
-    if (tree::StateImage(controlWindow, item) == from) {
-      tree::SetStateImage(controlWindow, item, to);
-    }
+    if (tree::StateImage(controlWindow, item) != from) continue;
+    pause.BeforeChange();
+    tree::SetStateImage(controlWindow, item, to);
   }
 }

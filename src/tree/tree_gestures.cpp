@@ -21,9 +21,13 @@ LRESULT CALLBACK TreeControlSubclassProc(HWND window, UINT message, WPARAM wPara
       return view->HandleKeyDown(wParam, lParam);
     case WM_LBUTTONDOWN:
       return view->HandleLButtonDown(wParam, lParam);
+    case WM_SETREDRAW:
+      view->redraw.NoteRequest(wParam != 0);
+      break;
     default:
-      return CallWindowProcW(savedControlProc, window, message, wParam, lParam);
+      break;
   }
+  return CallWindowProcW(savedControlProc, window, message, wParam, lParam);
 }
 
 LRESULT QVLTreeView::Forward(const Input& input) {

@@ -65,8 +65,11 @@ bool QVLTreeView::IsItemSelected(ItemHandle handle) {
 void QVLTreeView::SelectAll() {
   SelectionBracket bracket(owner, client, life);
   if (!bracket) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
-    if (!tree::IsSelected(controlWindow, item)) MarkAndReport(item, true);
+    if (tree::IsSelected(controlWindow, item)) continue;
+    pause.BeforeChange();
+    MarkAndReport(item, true);
   }
 }
 
@@ -75,7 +78,9 @@ void QVLTreeView::ClearSelection() { DeselectAll(true); }
 void QVLTreeView::InvertSelection() {
   SelectionBracket bracket(owner, client, life);
   if (!bracket) return;
+  RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
+    pause.BeforeChange();
     MarkAndReport(item, !tree::IsSelected(controlWindow, item));
   }
 }
@@ -87,8 +92,11 @@ void QVLTreeView::DeselectAll(bool withBrackets) {
     if (bracket) DeselectAll(false);
     return;
   }
+  RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
-    if (tree::IsSelected(controlWindow, item)) MarkAndReport(item, false);
+    if (!tree::IsSelected(controlWindow, item)) continue;
+    pause.BeforeChange();
+    MarkAndReport(item, false);
   }
 }
 
@@ -96,9 +104,11 @@ void QVLTreeView::DeselectAll(bool withBrackets) {
 // first. With one end not among them it runs from the other to the last item.
 void QVLTreeView::SelectRange(ItemHandle anchor, const HeldItem& targetItem) {
   const ItemHandle target = targetItem.Get();
+  RedrawPause pause(controlWindow, redraw, life);
   VisibleWalk walk(controlWindow, life);
   auto item = walk.begin();
   for (; item != walk.end() && *item != anchor && *item != target; ++item) {
+    pause.BeforeChange();
     MarkAndReport(*item, false);
   }
   if (item == walk.end()) return;
@@ -109,6 +119,7 @@ void QVLTreeView::SelectRange(ItemHandle anchor, const HeldItem& targetItem) {
   bool selecting = true;
   for (; item != walk.end(); ++item) {
     const bool atFarEnd = *item == farEnd;
+    pause.BeforeChange();
     MarkAndReport(*item, selecting);
     if (atFarEnd) selecting = false;
   }

@@ -3,6 +3,7 @@
 
 #include "core/qvl.h"
 #include "view/life_watch.h"
+#include "view/redraw_pause.h"
 
 class QVLShellContextMenu;
 struct FileIcon;
@@ -134,6 +135,7 @@ class QVLTreeView final : public IQVLTreeView {
   ItemHandle selectionAnchor = 0;
   QVLShellContextMenu* activeContextMenu = nullptr;
   HIMAGELIST checkBoxImages = nullptr;
+  ControlRedraw redraw;
   ViewLife life;
 };
 
