@@ -12,7 +12,6 @@ const char USAGE[] =
     "  --list          begin with the list instead of the tree\n"
     "  --log FILE      write every call of the client to FILE, - for the standard output\n"
     "  --skip NAME     pass over files and directories of that name; can be repeated\n"
-    "  --rename-files  an edited label renames the file\n"
     "  --channel       answer commands from the standard input (see docs/demo.md)\n";
 
 namespace {
@@ -24,8 +23,6 @@ bool ParseFlag(const std::string& text, Options& options) {
     options.list = true;
   } else if (text == "--channel") {
     options.channel = true;
-  } else if (text == "--rename-files") {
-    options.renameFiles = true;
   } else {
     return false;
   }

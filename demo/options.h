@@ -16,7 +16,6 @@ struct Options {
   bool outline = false;           // print what the view holds and end
   bool list = false;              // begin with the list
   bool channel = false;           // answer commands from the standard input
-  bool renameFiles = false;       // a label edit renames the file
 };
 
 // Nothing if the arguments are not understood.

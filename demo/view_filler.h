@@ -9,10 +9,9 @@
 
 namespace demo {
 
-// How the demo makes its views.
+// How the demo makes its views; labels that can be edited come on top of this.
 constexpr std::uint32_t TREE_STYLE = QVLS_SHOWSELALWAYS | QVLS_CHECKBOXES | QVLS_HASBUTTONS |
-                                     QVLS_HASLINES | QVLS_LINESATROOT | QVLS_INFOTIP |
-                                     QVLS_EDITLABELS;
+                                     QVLS_HASLINES | QVLS_LINESATROOT | QVLS_INFOTIP;
 constexpr std::uint32_t LIST_STYLE = QVLS_LISTVIEW | QVLS_SHOWSELALWAYS | QVLS_CHECKBOXES |
                                      QVLS_INFOTIP | QVLS_SORTHEADER;
 

@@ -16,6 +16,10 @@ constexpr int VIEW_ID = 10;
 constexpr int LIST_TYPE = 2;
 constexpr int TIP_WIDTH = 500;
 
+// Labels can be edited, and files so renamed, only in a directory that says so by holding this
+// file.
+constexpr wchar_t RENAME_MARK[] = L".qvl-demo-scratch";
+
 struct Colours {
   COLORREF background;
   COLORREF text;
@@ -67,7 +71,15 @@ void InsertColumn(HWND list, Column place, const wchar_t* title, int width, int 
 }  // namespace
 
 BrowserView::BrowserView(DirectoryModel& model, CallLog& log, IDesk& desk)
-    : model(model), client(model, log, &desk), view(GetIQVLTreeView()) {}
+    : model(model), client(model, log, &desk), view(GetIQVLTreeView()) {
+  std::error_code failure;
+  mayRename = std::filesystem::exists(model.At(0).path / RENAME_MARK, failure);
+}
+
+std::uint32_t BrowserView::Style(bool asList) const {
+  if (asList) return LIST_STYLE;
+  return mayRename ? TREE_STYLE | QVLS_EDITLABELS : TREE_STYLE;
+}
 
 bool BrowserView::Open(HWND parent, bool asList, const RECT& area, const Progress& progress) {
   if (!view) return false;
@@ -76,9 +88,10 @@ bool BrowserView::Open(HWND parent, bool asList, const RECT& area, const Progres
   const HWND control = view->Create(
       parent, VIEW_ID, static_cast<int>(area.left), static_cast<int>(area.top),
       static_cast<int>(area.right - area.left), static_cast<int>(area.bottom - area.top),
-      asList ? LIST_STYLE : TREE_STYLE, nullptr);
+      Style(asList), nullptr);
   if (control == nullptr) return false;
   UseMessageFont(control);
+  if (!asList) SendMessageW(control, TVM_SETITEMHEIGHT, static_cast<WPARAM>(LineHeight() + 6), 0);
   folderIcon = FolderIcon();
   view->UseSystemImageList();
   view->SetToolTipWidth(TIP_WIDTH);
@@ -149,10 +162,15 @@ void BrowserView::RemoveSelected() {
 }
 
 void BrowserView::BeginRename() {
-  if (IsList()) return;
+  if (IsList() || !mayRename) return;
   const HWND tree = view->GetControlWindow();
   const LRESULT caret = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0);
   if (caret != 0) SendMessageW(tree, TVM_EDITLABELW, 0, caret);
+}
+
+bool BrowserView::MayEdit(const NMTVDISPINFOW& record) const {
+  const auto entry = EntryOf(*view, reinterpret_cast<ItemHandle>(record.item.hItem));
+  return entry && *entry != 0;
 }
 
 bool BrowserView::TakeLabel(const NMTVDISPINFOW& record) {

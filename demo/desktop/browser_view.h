@@ -41,6 +41,9 @@ class BrowserView {
   // Begins to edit the label of the caret's item.
   void BeginRename();
 
+  // Whether the edit of a label may begin: not of the directory's own.
+  bool MayEdit(const NMTVDISPINFOW& record) const;
+
   // Renames the file behind the label. False if there is no new name or the disk refuses it.
   bool TakeLabel(const NMTVDISPINFOW& record);
 
@@ -55,6 +58,7 @@ class BrowserView {
     void operator()(IQVLTreeView* held) const { ReleaseIQVLTreeView(held); }
   };
 
+  std::uint32_t Style(bool asList) const;
   void Fill(const Progress& progress);
   void ShowFolderIcon(ItemHandle item);
   void ApplyColours();
@@ -62,6 +66,7 @@ class BrowserView {
   DirectoryModel& model;
   DemoClient client;
   std::unique_ptr<IQVLTreeView, Release> view;
+  bool mayRename = false;
   int folderIcon = -1;
   std::size_t colours = 0;
   Column sortedBy = Column::Name;

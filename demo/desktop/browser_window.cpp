@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "item_points.h"
 #include "options.h"
@@ -18,9 +16,6 @@ constexpr int HEIGHT = 760;
 constexpr int GAP = 6;
 constexpr UINT REFRESH_LOG = WM_APP + 1;
 constexpr UINT SORT_LIST = WM_APP + 2;
-
-// A label edit renames files only below a directory that says so by holding this file.
-constexpr wchar_t RENAME_MARK[] = L".qvl-demo-scratch";
 
 constexpr std::array<ACCEL, 10> KEYS{{
     {FVIRTKEY | FCONTROL, 'E', static_cast<WORD>(Command::ExpandAll)},
@@ -54,8 +49,6 @@ BrowserWindow::~BrowserWindow() {
 }
 
 bool BrowserWindow::Create(const Options& options) {
-  std::error_code failure;
-  mayRename = std::filesystem::exists(model.At(0).path / RENAME_MARK, failure);
   const std::wstring title = WidePath(model.At(0).path) + L" - qvl demo";
   WindowPlan plan;
   plan.className = L"QVLDemo";
@@ -225,8 +218,9 @@ void BrowserWindow::MakeColumns(HWND listWindow, const RECT& clientRect) {
 }
 
 bool BrowserWindow::AnswerLabelEdit(NMHDR* record, std::uint32_t code) {
-  if (code == TVN_BEGINLABELEDITW) return !mayRename;
-  return code == TVN_ENDLABELEDITW && browser.TakeLabel(*reinterpret_cast<NMTVDISPINFOW*>(record));
+  const auto& edit = *reinterpret_cast<NMTVDISPINFOW*>(record);
+  if (code == TVN_BEGINLABELEDITW) return !browser.MayEdit(edit);
+  return code == TVN_ENDLABELEDITW && browser.TakeLabel(edit);
 }
 
 // The rows are made anew, so not while the list is still telling of the click.

@@ -63,7 +63,6 @@ class BrowserWindow final : public WindowBase, private IDesk {
   HWND logTitle = nullptr;
   HWND status = nullptr;
   HACCEL keys = nullptr;
-  bool mayRename = false;
   bool refreshPosted = false;
 };
 

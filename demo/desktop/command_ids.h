@@ -23,18 +23,19 @@ struct CommandText {
   Command command;
   const wchar_t* label;
   const char* name;  // on the channel
+  bool beginsGroup = false;
 };
 
 constexpr std::array<CommandText, 10> COMMANDS{{
     {Command::ExpandAll, L"Expand all", "expand"},
     {Command::CollapseAll, L"Collapse all", "collapse"},
-    {Command::TickAll, L"Check all", "tick"},
+    {Command::TickAll, L"Check all", "tick", true},
     {Command::UntickAll, L"Uncheck all", "untick"},
-    {Command::SelectAll, L"Select all", "select"},
+    {Command::SelectAll, L"Select all", "select", true},
     {Command::InvertSelection, L"Invert", "invert"},
-    {Command::Remove, L"Delete", "remove"},
+    {Command::Remove, L"Delete", "remove", true},
     {Command::Rename, L"Rename", "rename"},
-    {Command::Colours, L"Colours", "colours"},
+    {Command::Colours, L"Colours", "colours", true},
     {Command::Switch, L"Tree/List", "switch"},
 }};
 

@@ -18,6 +18,8 @@ namespace demo {
 namespace {
 
 constexpr WPARAM SYNC_KEY = VK_F12;
+constexpr UINT_PTR IDLE_TIMER = 1;
+constexpr UINT IDLE_TIME = 15;  // milliseconds
 
 void Print(const std::string& text) { std::printf("%s\n", text.c_str()); }
 
@@ -66,6 +68,7 @@ const Commands::Named Commands::NAMED[] = {
     {"count", &Commands::AnswerCount},
     {"await", &Commands::AnswerAwait},
     {"sync", &Commands::AnswerSync},
+    {"idle", &Commands::AnswerIdle},
     {"menu", &Commands::AnswerMenu},
     {"dropped", &Commands::AnswerDropped},
     {"clipboard", &Commands::AnswerClipboard},
@@ -88,7 +91,6 @@ bool Commands::Open() {
 
 bool Commands::TakeSyncKey(const MSG& message) {
   if (message.message != WM_KEYDOWN || message.wParam != SYNC_KEY) return false;
-  RedrawWindow(browser.Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   ++syncs;
   Recheck();
   return true;
@@ -98,6 +100,10 @@ LRESULT Commands::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case CHANNEL_LINE:
       Answer(*std::unique_ptr<std::string>(reinterpret_cast<std::string*>(lParam)));
+      return 0;
+    case WM_TIMER:
+      KillTimer(Window(), IDLE_TIMER);
+      Finish("ok");
       return 0;
     case CHANNEL_END:
       AnswerQuit({});
@@ -233,6 +239,10 @@ void Commands::AnswerSync(const std::string& argument) {
   const int wanted = std::atoi(argument.c_str());
   AnswerWhen([this, wanted] { return syncs >= wanted; });
 }
+
+// Timers come after all painting, and once the thread has been idle what was painted is on the
+// screen.
+void Commands::AnswerIdle(const std::string&) { SetTimer(Window(), IDLE_TIMER, IDLE_TIME, nullptr); }
 
 void Commands::AnswerMenu(const std::string&) {
   const auto lines = OpenMenu();

@@ -45,6 +45,7 @@ class Commands final : public WindowBase {
   void AnswerCount(const std::string& argument);
   void AnswerAwait(const std::string& argument);
   void AnswerSync(const std::string& argument);
+  void AnswerIdle(const std::string& argument);
   void AnswerMenu(const std::string& argument);
   void AnswerDropped(const std::string& argument);
   void AnswerClipboard(const std::string& argument);

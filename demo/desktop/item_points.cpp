@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <cstring>
+
 namespace demo {
 namespace {
 
@@ -13,7 +15,7 @@ RECT RowArea(IQVLTreeView& view, ItemHandle item) {
   RECT area{};
   const HWND control = view.GetControlWindow();
   if (view.GetViewType() == TREE_TYPE) {
-    *reinterpret_cast<ItemHandle*>(&area) = item;
+    std::memcpy(&area, &item, sizeof item);  // the message finds the item where the answer goes
     SendMessageW(control, TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&area));
   } else {
     area.left = LVIR_BOUNDS;

@@ -6,6 +6,15 @@
 #include "window_base.h"
 
 namespace demo {
+namespace {
+
+void AddSeparator(HWND toolbar) {
+  TBBUTTON separator{};
+  separator.fsStyle = BTNS_SEP;
+  SendMessageW(toolbar, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&separator));
+}
+
+}  // namespace
 
 bool ToolRow::Create(HWND parent) {
   toolbar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
@@ -16,6 +25,7 @@ bool ToolRow::Create(HWND parent) {
   SendMessageW(toolbar, TB_SETBITMAPSIZE, 0, 0);
   UseMessageFont(toolbar);
   for (const CommandText& each : COMMANDS) {
+    if (each.beginsGroup) AddSeparator(toolbar);
     TBBUTTON button{};
     button.iBitmap = I_IMAGENONE;
     button.idCommand = static_cast<int>(each.command);
@@ -35,10 +45,11 @@ int ToolRow::Height() const {
 }
 
 std::optional<POINT> ToolRow::PointOf(const std::string& name) const {
-  for (std::size_t i = 0; i < COMMANDS.size(); ++i) {
-    if (name != COMMANDS[i].name) continue;
+  for (const CommandText& each : COMMANDS) {
+    if (name != each.name) continue;
     RECT area{};
-    SendMessageW(toolbar, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&area));
+    SendMessageW(toolbar, TB_GETRECT, static_cast<WPARAM>(each.command),
+                 reinterpret_cast<LPARAM>(&area));
     POINT middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
     ClientToScreen(toolbar, &middle);
     return middle;
