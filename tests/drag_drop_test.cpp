@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, ::testing::ValuesIn(SELECTION_VIEW
 TEST_P(DragDropTest, TheBlockIsWrittenByteForByte) {
   messagePosition = (70u << 16) | 300u;
   Drag({TEXT("a"), TEXT("bc")}, [](IDataObject* data, IDropSource*) {
-    const Bytes expected = {0x14, 0, 0, 0, 0x2C, 1, 0, 0,    0x46, 0, 0,    0, 0, 0, 0, 0,
+    const Bytes expected = {0x14, 0, 0, 0, 0x2C, 1, 0, 0, 0x46, 0, 0,    0, 0, 0, 0, 0,
                             1,    0, 0, 0, 0x61, 0, 0, 0, 0x62, 0, 0x63, 0, 0, 0, 0, 0};
     EXPECT_EQ(TakeBlock(data), expected);
 

@@ -123,11 +123,11 @@ std::string EndingName(const ::testing::TestParamInfo<ShellEndingTest::ParamType
   return ViewName(std::get<0>(info.param)) + endings[static_cast<int>(std::get<1>(info.param))];
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Views, ShellEndingTest,
-    ::testing::Combine(::testing::ValuesIn(SELECTION_VIEWS),
-                       ::testing::Values(Ending::DESTROY, Ending::RELEASE, Ending::CREATE)),
-    EndingName);
+INSTANTIATE_TEST_SUITE_P(Views, ShellEndingTest,
+                         ::testing::Combine(::testing::ValuesIn(SELECTION_VIEWS),
+                                            ::testing::Values(Ending::DESTROY, Ending::RELEASE,
+                                                              Ending::CREATE)),
+                         EndingName);
 
 TEST_P(ShellEndingTest, NoDragStartsAfterTheEnd) {
   client.onBeginDrag = [&](ItemHandleList*, FileNameList* files) {

@@ -79,8 +79,7 @@ TEST_P(ShellMenuTest, FailuresBeforeTheFirstFolderGiveFalse) {
   } cases[] = {
       {"SHGetMalloc", "SHGetMalloc"},
       {"Alloc", "SHGetMalloc|Alloc 8|Release allocator"},
-      {"SHGetDesktopFolder",
-       "SHGetMalloc|Alloc 8|SHGetDesktopFolder|Free array|Release allocator"},
+      {"SHGetDesktopFolder", "SHGetMalloc|Alloc 8|SHGetDesktopFolder|Free array|Release allocator"},
       {"the name", parsed + "Free array|Release desktop|Release allocator"},
   };
   shell.unknown.insert(TEXT("C:\\a\\x"));
@@ -103,8 +102,7 @@ TEST_P(ShellMenuTest, FailuresBehindTheFirstFolderGiveTrue) {
   } cases[] = {
       {"GetUIObjectOf", object},
       {"CreatePopupMenu", object + "CreatePopupMenu|Release menu"},
-      {"QueryContextMenu",
-       object + "CreatePopupMenu|QueryContextMenu|DestroyMenu|Release menu"},
+      {"QueryContextMenu", object + "CreatePopupMenu|QueryContextMenu|DestroyMenu|Release menu"},
       {"IContextMenu2", object + "CreatePopupMenu|QueryContextMenu|QueryInterface|Track 10,20|"
                                  "DestroyMenu|Release menu"},
       {"nothing", object + "CreatePopupMenu|" + DISMISSED + "|DestroyMenu|Release menu"},
@@ -140,12 +138,8 @@ TEST_P(ShellMenuTest, NamesReachTheShellAsTheyAre) {
     FileNameList names;
     bool shown;
   } cases[] = {
-      {{known}, true},
-      {{known, surrogates, longName}, true},
-      {{longName}, true},
-      {{TEXT("C:\\")}, true},
-      {{known, relative, Name()}, true},
-      {{relative, known}, false},
+      {{known}, true},          {{known, surrogates, longName}, true}, {{longName}, true},
+      {{TEXT("C:\\")}, true},   {{known, relative, Name()}, true},     {{relative, known}, false},
       {{Name(), known}, false},
   };
   for (const auto& test : cases) {

@@ -120,8 +120,8 @@ int QVLShellContextMenu::Track(IContextMenu& object, HMENU popup, int x, int y) 
   void* second = nullptr;
   object.QueryInterface(IID_IContextMenu2, &second);
   menu2.reset(static_cast<IContextMenu2*>(second));
-  const int command = TrackPopupMenu(popup, TPM_RETURNCMD | TPM_RIGHTBUTTON, x, y, 0, ownerWindow,
-                                     nullptr);
+  const int command =
+      TrackPopupMenu(popup, TPM_RETURNCMD | TPM_RIGHTBUTTON, x, y, 0, ownerWindow, nullptr);
   menu2.reset();
   return command;
 }

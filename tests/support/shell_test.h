@@ -10,9 +10,7 @@
 // Style flags of the views that hand their selection to the system in the same way.
 constexpr std::uint32_t SELECTION_VIEWS[] = {0, QVLS_LISTVIEW};
 
-inline std::string ViewName(std::uint32_t style) {
-  return style & QVLS_LISTVIEW ? "List" : "Tree";
-}
+inline std::string ViewName(std::uint32_t style) { return style & QVLS_LISTVIEW ? "List" : "Tree"; }
 
 // A view of three items, a, b and c, of which the first and the last are selected.
 class SelectionTest : public HostTest {
