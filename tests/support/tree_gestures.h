@@ -1,0 +1,90 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "support/host_window.h"
+#include "support/import_patch.h"
+
+#ifdef _WIN32
+constexpr bool REAL_CONTROL = true;
+#else
+constexpr bool REAL_CONTROL = false;
+#endif
+
+// The client's lines in short: B and E for the bracket, the item's name alone for a report, and
+// every other line as it is; "B Q R 0 S E".
+std::string Short(const Lines& lines);
+
+// A tree with the focus, and what a user does to it in the messages that reach the control. Items
+// stand under their one-letter names, "-" is no item.
+class TreeTest : public HostTest {
+ protected:
+  // Creates the tree. It gets the focus while it is empty, since a first focus would select its
+  // first item.
+  void OpenEmpty(std::uint32_t style = 0);
+
+  // The same with the items P, Q, R and S at the top level.
+  void Open(std::uint32_t style = 0);
+
+  ItemHandle Item(char name) const;
+
+  // Gives the view this selection, caret and anchor, and the client an empty record.
+  void Given(const std::string& selected, char caret, char anchor);
+
+  // The button goes down and up again. The result is the control window's answer to the press.
+  LRESULT PressAt(POINT point, WPARAM keys = 0);
+  LRESULT Press(ItemHandle item, WPARAM keys = 0);
+  LRESULT PressOff(WPARAM keys = 0);
+  LRESULT Press(char name, WPARAM keys = 0) {
+    return name == '-' ? PressOff(keys) : Press(Item(name), keys);
+  }
+  LRESULT Key(WPARAM key, bool shift = false, bool control = false);
+
+  // Asks for a context menu with the mouse at a point of the control.
+  void RequestMenu(POINT point);
+
+  // Tells the view's parent window of a notification, as a child with that id and window would.
+  LRESULT Notify(NMHDR& record, UINT code, int id = CONTROL_ID);
+
+  RECT ItemRect(ItemHandle item, bool labelOnly = true) const;
+  POINT LabelPoint(ItemHandle item) const;
+  POINT OffPoint() const;
+  POINT ToScreen(POINT point) const;
+
+  // Moves the caret by message; 0 takes it away.
+  void MoveCaret(ItemHandle item) const;
+  ItemHandle CaretItem() const;
+
+  // Names of the selected items from the top down, and of the caret.
+  std::string Selected() const;
+  std::string Caret() const { return Named(CaretItem()); }
+
+  // The anchor's name, or "gone" for one that is no longer visible. It is found out by a Shift
+  // press, which costs selection and caret, but not the anchor.
+  std::string ObserveAnchor();
+
+  // What the client has heard since it was last asked, in short.
+  std::string Heard() { return Short(client.Take()); }
+
+  HWND control = nullptr;
+
+ private:
+  std::string Named(ItemHandle item) const { return item ? client.Name(item) : "-"; }
+};
+
+// Counts the presses and keys that the library hands on to the control while the object lives. Each
+// of these is answered with ANSWER, so that a result tells whether it is the control's.
+class ForwardWatch {
+ public:
+  static constexpr LRESULT ANSWER = 4711;
+
+  ForwardWatch();
+  int Count() const;
+
+ private:
+  ImportPatch patch;
+};

@@ -1,0 +1,197 @@
+// What a press of the left button does to selection, caret and anchor of a tree.
+#include "support/tree_gestures.h"
+
+namespace {
+
+struct PressCase {
+  const char* name;
+  WPARAM keys;
+  char hit;
+
+  const char* selected;
+  char caret;
+  char anchor;
+
+  const char* heard;
+  const char* selectedAfter;
+  const char* caretAfter;
+  const char* anchorAfter;
+  bool controlAnswers;
+};
+
+constexpr WPARAM BOTH = MK_CONTROL | MK_SHIFT;
+
+constexpr PressCase CASES[] = {
+    {"CtrlOff", MK_CONTROL, '-', "PR", 'P', 'Q', "", "PR", "P", "Q", true},
+    {"CtrlAdds", MK_CONTROL, 'S', "Q", 'Q', 'P', "B S S Q E", "QS", "S", "-", false},
+    {"CtrlRemoves", MK_CONTROL, 'Q', "QS", 'S', '-', "B Q Q S E", "S", "Q", "-", false},
+    {"CtrlRemovesTheCaret", MK_CONTROL, 'Q', "Q", 'Q', 'Q', "B 0 Q Q E", "", "Q", "-", false},
+    {"CtrlAddsTheCaret", MK_CONTROL, 'Q', "S", 'Q', '-', "B 0 Q Q E", "QS", "Q", "-", false},
+    {"CtrlWithoutCaret", MK_CONTROL, 'Q', "S", '-', 'P', "B Q Q E", "QS", "Q", "-", false},
+    {"CtrlLeavesTheCaretClear", MK_CONTROL, 'R', "", 'P', '-', "B R R P E", "R", "R", "-", false},
+    {"CtrlShiftIsCtrl", BOTH, 'S', "Q", 'Q', 'P', "B S S Q E", "QS", "S", "-", false},
+    {"CtrlShiftOff", BOTH, '-', "PR", 'P', 'Q', "", "PR", "P", "Q", true},
+    {"ShiftUpwards", MK_SHIFT, 'P', "QRS", 'S', 'Q', "B P P Q R S E", "PQ", "P", "Q", false},
+    {"ShiftDownwards", MK_SHIFT, 'S', "QR", 'P', 'R', "B S P Q R S E", "RS", "S", "R", false},
+    {"ShiftFromCaret", MK_SHIFT, 'S', "Q", 'Q', '-', "B S P Q R S E", "QRS", "S", "Q", false},
+    {"ShiftFromClearCaret", MK_SHIFT, 'R', "", 'Q', '-', "B R P Q R S E", "QR", "R", "Q", false},
+    {"ShiftOnTheAnchor", MK_SHIFT, 'Q', "QRS", 'S', 'Q', "B Q P Q R S E", "Q", "Q", "Q", false},
+    {"ShiftOnTheCaret", MK_SHIFT, 'S', "QRS", 'S', 'Q', "B 0 S P Q R S E", "QRS", "S", "Q", false},
+    {"ShiftCaretIsAnchor", MK_SHIFT, 'Q', "PQ", 'Q', '-', "B 0 Q P Q R S E", "Q", "Q", "Q", false},
+    {"ShiftFromNothing", MK_SHIFT, 'S', "P", '-', '-', "B S E", "PS", "S", "-", true},
+    {"ShiftOff", MK_SHIFT, '-', "P", 'P', 'Q', "B P 0 Q R S E", "QRS", "-", "Q", false},
+    {"ShiftOffFromCaret", MK_SHIFT, '-', "P", 'R', '-', "B P Q 0 R S E", "RS", "-", "R", false},
+    {"ShiftOffFromNothing", MK_SHIFT, '-', "PR", '-', '-', "B E", "PR", "-", "-", true},
+    {"Plain", 0, 'S', "QR", 'Q', '-', "B Q R 0 S E", "S", "S", "-", true},
+    {"PlainOnTheCaret", 0, 'Q', "QR", 'Q', 'S', "B Q R 0 Q E", "Q", "Q", "-", true},
+    {"PlainWithoutCaret", 0, 'S', "P", '-', 'R', "B P S E", "S", "S", "-", true},
+    {"PlainOff", 0, '-', "QR", 'Q', 'P', "B Q R E", "", "Q", "-", true},
+    {"PlainOffWithoutAnything", 0, '-', "", '-', '-', "B E", "", "-", "-", true},
+};
+
+class TreePressTest : public TreeTest {
+ protected:
+  void SetUp() override {
+    TreeTest::SetUp();
+    Open();
+  }
+
+  // Shows an item of that name below `parent`.
+  ItemHandle InsertShown(const WCHAR* name, char parent) {
+    const ItemHandle item = Insert(name, Item(parent));
+    view->ExpandItem(Item(parent), true);
+    client.Take();
+    return item;
+  }
+};
+
+class EachPress : public TreePressTest, public ::testing::WithParamInterface<PressCase> {
+ protected:
+  void ExpectAfter(LRESULT result, const ForwardWatch& watch) {
+    const PressCase& wanted = GetParam();
+    EXPECT_EQ(result, wanted.controlAnswers ? ForwardWatch::ANSWER : 0);
+    EXPECT_EQ(watch.Count(), 1);
+    EXPECT_EQ(Selected(), wanted.selectedAfter);
+    EXPECT_EQ(Caret(), wanted.caretAfter);
+    EXPECT_EQ(ObserveAnchor(), wanted.anchorAfter);
+  }
+};
+
+TEST_P(EachPress, ChangesSelectionCaretAndAnchor) {
+  const PressCase& press = GetParam();
+  Given(press.selected, press.caret, press.anchor);
+  const ForwardWatch watch;
+  const LRESULT result = Press(press.hit, press.keys);
+  EXPECT_EQ(Heard(), press.heard);
+  ExpectAfter(result, watch);
+}
+
+TEST_P(EachPress, DoesTheSameWithoutClient) {
+  const PressCase& press = GetParam();
+  Given(press.selected, press.caret, press.anchor);
+  view->SetClient(nullptr);
+  const ForwardWatch watch;
+  const LRESULT result = Press(press.hit, press.keys);
+  EXPECT_EQ(Heard(), "");
+  ExpectAfter(result, watch);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, EachPress, ::testing::ValuesIn(CASES),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_F(TreePressTest, WithMultipleSelectionOffTheControlDecides) {
+  Given("PQR", 'Q', 'P');
+  view->SetMultiSelect(false);
+  EXPECT_EQ(Selected(), "PQR");
+  const ForwardWatch watch;
+  for (const WPARAM keys : {WPARAM{0}, WPARAM{MK_SHIFT}, WPARAM{MK_CONTROL}}) {
+    MoveCaret(Item('Q'));
+    client.Take();
+    EXPECT_EQ(Press('S', keys), ForwardWatch::ANSWER);
+    EXPECT_EQ(Heard(), "S") << "keys " << keys;
+    EXPECT_EQ(Selected(), "PRS");
+  }
+  EXPECT_EQ(Press('-'), ForwardWatch::ANSWER);
+  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(watch.Count(), 4);
+  EXPECT_EQ(ObserveAnchor(), "P");
+}
+
+TEST_F(TreePressTest, TheMessageAloneTellsTheModifiers) {
+  Given("Q", 'Q', '-');
+  BYTE keys[256] = {};
+  keys[VK_SHIFT] = 0x80;
+  SetKeyboardState(keys);
+  Press('S');
+  keys[VK_SHIFT] = 0;
+  SetKeyboardState(keys);
+  EXPECT_EQ(Selected(), "S");
+}
+
+TEST_F(TreePressTest, ShiftPressesInARowMeasureFromTheSameItem) {
+  Given("R", 'R', '-');
+  const char* const stretches[] = {"PQR", "RS", "R", "QR"};
+  const char targets[] = {'P', 'S', 'R', 'Q'};
+  for (int step = 0; step < 4; ++step) {
+    Press(targets[step], MK_SHIFT);
+    EXPECT_EQ(Selected(), stretches[step]);
+  }
+}
+
+TEST_F(TreePressTest, APressOnTheButtonCountsForTheItem) {
+  view->Destroy();
+  client.labels.clear();
+  Open(QVLS_HASBUTTONS | QVLS_LINESATROOT | QVLS_HASLINES);
+  InsertShown(TEXT("c"), 'Q');
+  Given("PS", 'S', 'P');
+  const RECT row = ItemRect(Item('Q'), false);
+  TVHITTESTINFO hit = {};
+  hit.pt = {row.left, (row.top + row.bottom) / 2};
+  while (!(hit.flags & TVHT_ONITEMBUTTON) && hit.pt.x < row.right) {
+    ++hit.pt.x;
+    SendMessageW(control, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  }
+  ASSERT_TRUE(hit.flags & TVHT_ONITEMBUTTON);
+  PressAt(hit.pt);
+  EXPECT_EQ(Heard(), "B P S 0 Q E Expanded Q");
+  EXPECT_FALSE(view->IsItemExpanded(Item('Q')));
+  EXPECT_EQ(Selected(), "Q");
+  PressAt(hit.pt, MK_CONTROL);
+  EXPECT_TRUE(view->IsItemExpanded(Item('Q')));
+}
+
+// The walk then meets the target alone, or nothing at all.
+TEST_F(TreePressTest, AnAnchorThatIsGoneDoesNoHarm) {
+  InsertShown(TEXT("c"), 'Q');
+  for (const bool hidden : {true, false}) {
+    Given("P", 'P', 'c');
+    if (hidden) {
+      view->ExpandItem(Item('Q'), false);
+    } else {
+      view->ExpandItem(Item('Q'), true);
+      view->DeleteItem(Item('c'));
+    }
+    client.Take();
+    Press('R', MK_SHIFT);
+    EXPECT_EQ(Heard(), "B R P Q R S E");
+    EXPECT_EQ(Selected(), "RS");
+    PressOff(MK_SHIFT);
+    EXPECT_EQ(Heard(), "B P Q R S E");
+    EXPECT_EQ(Selected(), "");
+    EXPECT_EQ(Caret(), "R");
+    view->ExpandItem(Item('Q'), true);
+    client.Take();
+  }
+}
+
+TEST_F(TreePressTest, AHiddenAnchorComesBackWithItsBranch) {
+  InsertShown(TEXT("c"), 'Q');
+  Given("P", 'P', 'c');
+  view->ExpandItem(Item('Q'), false);
+  Press('R', MK_SHIFT);
+  view->ExpandItem(Item('Q'), true);
+  Press('S', MK_SHIFT);
+  EXPECT_EQ(Selected(), "cRS");
+}
+
+}  // namespace
