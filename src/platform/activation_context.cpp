@@ -20,9 +20,9 @@ HMODULE commonControlsModule = nullptr;
 LPCWSTR AddressInModule() { return reinterpret_cast<LPCWSTR>(&activationContext); }
 
 bool MeansNoManifest(DWORD error) {
-  constexpr DWORD TOLERATED[] = {
-      ERROR_FILE_NOT_FOUND,          ERROR_PATH_NOT_FOUND,          ERROR_RESOURCE_DATA_NOT_FOUND,
-      ERROR_RESOURCE_TYPE_NOT_FOUND, ERROR_RESOURCE_NAME_NOT_FOUND, ERROR_RESOURCE_LANG_NOT_FOUND};
+  constexpr DWORD TOLERATED[] = {ERROR_FILE_NOT_FOUND,          ERROR_PATH_NOT_FOUND,
+                                 ERROR_RESOURCE_DATA_NOT_FOUND, ERROR_RESOURCE_TYPE_NOT_FOUND,
+                                 ERROR_RESOURCE_NAME_NOT_FOUND, ERROR_RESOURCE_LANG_NOT_FOUND};
   return std::find(std::begin(TOLERATED), std::end(TOLERATED), error) != std::end(TOLERATED);
 }
 
@@ -51,9 +51,9 @@ bool ReadModulePath(HMODULE module, WCHAR (&path)[PATH_CAPACITY]) {
 // Makes a context from the module's manifest; null if the module brings none.
 bool CreateModuleContext(HANDLE* context) {
   HMODULE module = nullptr;
-  if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                              GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                          AddressInModule(), &module)) {
+  if (!GetModuleHandleExW(
+          GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+          AddressInModule(), &module)) {
     return false;
   }
   WCHAR path[PATH_CAPACITY] = {};
