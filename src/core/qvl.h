@@ -146,8 +146,6 @@ class QVL_API QVLTreeViewItem {
   QVLTreeViewItem& operator=(const QVLTreeViewItem&) = delete;
 
  private:
-  void SetFlag(std::uint32_t bit, bool value) noexcept;
-
   std::int32_t type = 0;
   std::basic_string<WCHAR> itemName;
   std::basic_string<WCHAR> fileName;

@@ -21,6 +21,10 @@ void CopyText(std::basic_string<WCHAR>& field, const WCHAR* text) noexcept {
   field.swap(copy);
 }
 
+std::uint32_t WithFlag(std::uint32_t flags, std::uint32_t bit, bool value) noexcept {
+  return value ? flags | bit : flags & ~bit;
+}
+
 }  // namespace
 
 QVLTreeViewItem::QVLTreeViewItem() noexcept = default;
@@ -35,17 +39,13 @@ void QVLTreeViewItem::SetItemName(const WCHAR* name) noexcept { CopyText(itemNam
 const WCHAR* QVLTreeViewItem::GetFileName() const noexcept { return fileName.c_str(); }
 void QVLTreeViewItem::SetFileName(const WCHAR* name) noexcept { CopyText(fileName, name); }
 
-void QVLTreeViewItem::SetFlag(std::uint32_t bit, bool value) noexcept {
-  flags = value ? flags | bit : flags & ~bit;
-}
-
-void QVLTreeViewItem::SetSelected(bool value) noexcept { SetFlag(kSelected, value); }
+void QVLTreeViewItem::SetSelected(bool value) noexcept { flags = WithFlag(flags, kSelected, value); }
 bool QVLTreeViewItem::IsSelected() const noexcept { return (flags & kSelected) != 0; }
 
-void QVLTreeViewItem::SetChecked(bool value) noexcept { SetFlag(kChecked, value); }
+void QVLTreeViewItem::SetChecked(bool value) noexcept { flags = WithFlag(flags, kChecked, value); }
 bool QVLTreeViewItem::IsChecked() const noexcept { return (flags & kChecked) != 0; }
 
-void QVLTreeViewItem::SetCut(bool value) noexcept { SetFlag(kCut, value); }
+void QVLTreeViewItem::SetCut(bool value) noexcept { flags = WithFlag(flags, kCut, value); }
 bool QVLTreeViewItem::IsCut() const noexcept { return (flags & kCut) != 0; }
 
 void QVLTreeViewItem::SetImageIndex(int index) noexcept { imageIndex = index; }
@@ -57,7 +57,7 @@ int QVLTreeViewItem::GetStateIndex() const noexcept { return stateIndex; }
 std::int64_t QVLTreeViewItem::GetClientPtr() const noexcept { return clientPtr; }
 void QVLTreeViewItem::SetClientPtr(std::int64_t value) noexcept { clientPtr = value; }
 
-void QVLTreeViewItem::SetBold(bool value) noexcept { SetFlag(kBold, value); }
+void QVLTreeViewItem::SetBold(bool value) noexcept { flags = WithFlag(flags, kBold, value); }
 bool QVLTreeViewItem::IsBold() const noexcept { return (flags & kBold) != 0; }
 
 int QVLTreeViewItem::GetSubItem() const noexcept { return subItem; }
