@@ -143,6 +143,30 @@ screenshot() {
     "$session_folder/$(printf '%02d' "$session_pictures")-${1// /-}.png"
 }
 
+# begin_drag 'keys or -' item: presses the left button on the item's label and moves on until the
+# client has been asked for files.
+begin_drag() {
+  over label "$2"
+  [ "$1" = - ] || xdotool keydown "$1"
+  xdotool mousedown 1
+  xdotool mousemove_relative 4 2 mousemove_relative 6 4 mousemove_relative 8 4
+  await OnBeginDrag
+  [ "$1" = - ] || xdotool keyup "$1"
+}
+
+# Takes a drag that has begun to the drop pane.
+drag_to_drop_pane() {
+  over drop
+  xdotool mousemove_relative 3 3
+  await "files come in"
+}
+
+drop() {
+  xdotool mouseup 1
+  await "files dropped"
+  settle
+}
+
 # From here on calls are new.
 mark() {
   ask count
