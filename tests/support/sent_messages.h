@@ -18,7 +18,10 @@ struct SentMessage {
   LPARAM lParam;
   LVITEMW item;  // of the messages that carry one
   LVCOLUMNW column;
-  std::basic_string<WCHAR> text;  // of a row or cell that is written
+  std::basic_string<WCHAR> text;  // of a row, cell or tree item that is written
+  TVITEMW treeItem;               // of the messages that write one
+  HTREEITEM treeParent;           // of an insertion
+  HTREEITEM insertAfter;
 };
 
 // Sees every message that the library sends for the life of the object. They go on to their window,
