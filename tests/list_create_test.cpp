@@ -37,8 +37,14 @@ class Creations {
   static HWND WINAPI MakeWindow(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x,
                                 int y, int width, int height, HWND parent, HMENU id,
                                 HINSTANCE module, void* parameter) {
-    current->windows.push_back({exStyle, className, title, style, {x, y, width, height}, parent,
-                                reinterpret_cast<INT_PTR>(id), module});
+    current->windows.push_back({exStyle,
+                                className,
+                                title,
+                                style,
+                                {x, y, width, height},
+                                parent,
+                                reinterpret_cast<INT_PTR>(id),
+                                module});
     EXPECT_EQ(parameter, nullptr);
     if (className == current->classOfNone) return nullptr;
     return CreateWindowExW(exStyle, className, title, style, x, y, width, height, parent, id,
