@@ -1,0 +1,42 @@
+#!/bin/bash
+# Plays the same random stories on the real controls and on the stand-in and compares them line for
+# line: what every operation gives, what the clients hear, what the items are after each step.
+set -euo pipefail
+
+here=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
+root=$(cd -- "$here/../.." && pwd)
+first=${1:-1}
+last=${2:-60}
+steps=${3:-400}
+
+# What the stories leave out, because the real control does something of its own.
+left_out=(
+  "positions in pixels and scroll positions: they depend on the fonts that are installed"
+  "Shift and Ctrl on a press in a list: its control reads them from the keyboard, not the message"
+)
+
+native=$root/build/native
+if [ ! -x "$native/bin/trace" ]; then
+  echo "same_story: build the native preset first" >&2
+  exit 1
+fi
+results=$QVL_BUILD_DIR/results
+mkdir -p "$results"
+"$native/bin/trace" "$first" "$last" "$steps" "$results/story-native.txt" &
+native_run=$!
+(cd "$results" && "$root/tools/wine.sh" "$QVL_BUILD_DIR/bin/trace.exe" "$first" "$last" "$steps" \
+  story-windows.txt)
+wait "$native_run"
+
+printf 'left out: %s\n' "${left_out[@]}"
+if ! cmp -s "$results/story-native.txt" "$results/story-windows.txt"; then
+  echo "same_story: the stories differ (< real control, > stand-in), first at:" >&2
+  line=$(cmp "$results/story-windows.txt" "$results/story-native.txt" | sed 's/.*line //')
+  from=$((line > 12 ? line - 12 : 1))
+  grep -n '^seed' "$results/story-windows.txt" | awk -F: -v l="$line" '$1 <= l' | tail -1 >&2
+  diff <(sed -n "$from,$((line + 8))p" "$results/story-windows.txt") \
+    <(sed -n "$from,$((line + 8))p" "$results/story-native.txt") --unchanged-line-format='  %L' \
+    --old-line-format='< %L' --new-line-format='> %L' >&2 || true
+  exit 1
+fi
+echo "$((last - first + 1)) stories of $steps steps: $(wc -l <"$results/story-native.txt") equal lines"
