@@ -39,7 +39,9 @@ void QVLTreeViewItem::SetItemName(const WCHAR* name) noexcept { CopyText(itemNam
 const WCHAR* QVLTreeViewItem::GetFileName() const noexcept { return fileName.c_str(); }
 void QVLTreeViewItem::SetFileName(const WCHAR* name) noexcept { CopyText(fileName, name); }
 
-void QVLTreeViewItem::SetSelected(bool value) noexcept { flags = WithFlag(flags, kSelected, value); }
+void QVLTreeViewItem::SetSelected(bool value) noexcept {
+  flags = WithFlag(flags, kSelected, value);
+}
 bool QVLTreeViewItem::IsSelected() const noexcept { return (flags & kSelected) != 0; }
 
 void QVLTreeViewItem::SetChecked(bool value) noexcept { flags = WithFlag(flags, kChecked, value); }
