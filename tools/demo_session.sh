@@ -40,22 +40,10 @@ trap end_session EXIT
 # The path as a Windows program sees it.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-# On a display without a window manager the demo draws its frame and its title itself.
-draw_own_frame() {
-  local marker="$WINEPREFIX/demo-frame"
-  if [ -n "${QVL_USE_DISPLAY:-}" ] || [ -e "$marker" ]; then
-    return
-  fi
-  "$session_tools/wine.sh" reg add 'HKCU\Software\Wine\AppDefaults\demo.exe\X11 Driver' \
-    /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
-  touch "$marker"
-}
-
 # start_demo folder [option...]
 start_demo() {
   local folder=$1
   shift
-  draw_own_frame
   coproc DEMO {
     exec "$session_tools/wine.sh" "$session_build/bin/demo.exe" --channel \
       --log "$(windows_path "$session_folder/calls.log")" "$@" "$(windows_path "$folder")" \

@@ -9,6 +9,8 @@ namespace {
 
 constexpr int TREE_TYPE = 1;
 constexpr int LIST_TYPE = 2;
+constexpr std::uint32_t PARTS =
+    QVLHT_ONITEMLABEL | QVLHT_ONITEMICON | QVLHT_ONITEMSTATEICON | QVLHT_ONITEMBUTTON;
 constexpr LONG WIDEST = 60;  // of a part; a long label is pressed near its start
 
 RECT RowArea(IQVLTreeView& view, ItemHandle item) {
@@ -25,10 +27,11 @@ RECT RowArea(IQVLTreeView& view, ItemHandle item) {
   return area;
 }
 
+// Left of its box a row of a list answers to several parts at once; such a point is none of them.
 bool IsPartAt(IQVLTreeView& view, POINT clientPoint, ItemHandle item, std::uint32_t part) {
   ClientToScreen(view.GetControlWindow(), &clientPoint);
   std::uint32_t flags = 0;
-  return view.HitTest(&clientPoint, false, &flags) == item && (flags & part) != 0;
+  return view.HitTest(&clientPoint, false, &flags) == item && (flags & PARTS) == part;
 }
 
 POINT OnScreen(HWND window, POINT point) {

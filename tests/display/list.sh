@@ -52,15 +52,75 @@ expect_selection "shift click" $'q.txt\nr.txt\ns.txt'
 picture "shift click"
 
 ctrl_click label r.txt
-new_calls; echo "$answer"
+expect_reports "ctrl click" r.txt s.txt
 expect_selection "ctrl click" $'q.txt\ns.txt'
 picture "ctrl click"
-mark
 
 click box sub
-new_calls; echo "$answer"
+expect_reports "box" sub
+expect_selection "box" $'q.txt\ns.txt'
 ask ticked
-echo "$answer"
-ask selection
-echo "$answer"
+expect "box: ticked rows" $'sub\np.txt\nq.txt\nr.txt'
 picture "box"
+
+click column 1
+expect_calls "column title" "OnColumnClick 1"
+ask rows
+expect "sorted by size" $'.\nsub\nsub/inner.txt\nq.txt\ns.txt\np.txt\nr.txt'
+ask ticked
+expect "sorted by size: ticked rows" $'sub\nq.txt\np.txt\nr.txt'
+picture "sorted by size"
+
+# Two presses at the same place would be a double click.
+over column 1
+xdotool mousemove_relative 20 0 click 1
+settle
+expect_calls "column title again" "OnColumnClick 1"
+ask rows
+expect "sorted by size, largest first" $'.\nsub\nsub/inner.txt\nr.txt\np.txt\ns.txt\nq.txt'
+click column 0
+ask rows
+expect "sorted by name" $'.\nsub\nsub/inner.txt\np.txt\nq.txt\nr.txt\ns.txt'
+
+click label q.txt
+ctrl_click label s.txt
+mark
+press - 3 label q.txt
+await OnShellContextMenu
+await_menu
+picture "menu of the selection"
+xdotool key Escape
+await_no_menu
+settle
+expect_selection "right click on a selected row" $'q.txt\ns.txt'
+
+ask empty-clipboard
+press - 3 label p.txt
+pick "&Copy"
+settle
+ask log "$session_mark"
+grep -qxF 'OnShellContextMenu p.txt' <<<"$answer" || fail "the shell's menu was not for p.txt: $answer"
+expect_selection "right click on another row" p.txt
+ask clipboard
+expect "Copy: the clipboard" "$root\\p.txt"
+
+press - 3 empty
+settle
+ask log "$session_mark"
+grep -q '^OnContextMenu none on nothing' <<<"$answer" || fail "no context request beside the rows"
+
+click label q.txt
+shift_click label s.txt
+mark
+begin_drag - r.txt
+drag_to_drop_pane
+picture "over the drop pane"
+drop
+ask log "$session_mark"
+grep -qxF 'OnBeginDrag q.txt, r.txt, s.txt' <<<"$answer" || fail "other rows were dragged: $answer"
+ask dropped
+expect "names dropped" "$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s.txt"
+picture "dropped"
+
+stop_demo
+echo "The list selected, sorted, opened the shell's menu and dragged; pictures: $session_folder"
