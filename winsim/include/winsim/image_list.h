@@ -16,14 +16,6 @@ using HIMAGELIST = _IMAGELIST*;
 #define ILD_NORMAL 0x00000000
 #define ILD_TRANSPARENT 0x00000001
 
-struct IMAGEINFO {
-  HBITMAP hbmImage;
-  HBITMAP hbmMask;
-  int Unused1;
-  int Unused2;
-  RECT rcImage;
-};
-
 WINSIM_API HIMAGELIST WINAPI ImageList_Create(int width, int height, UINT flags, int initial,
                                               int grow);
 WINSIM_API BOOL WINAPI ImageList_Destroy(HIMAGELIST list);
@@ -36,7 +28,5 @@ WINSIM_API COLORREF WINAPI ImageList_GetBkColor(HIMAGELIST list);
 WINSIM_API BOOL WINAPI ImageList_Remove(HIMAGELIST list, int index);
 WINSIM_API HICON WINAPI ImageList_GetIcon(HIMAGELIST list, int index, UINT flags);
 WINSIM_API BOOL WINAPI ImageList_GetIconSize(HIMAGELIST list, int* width, int* height);
-WINSIM_API BOOL WINAPI ImageList_SetIconSize(HIMAGELIST list, int width, int height);
-WINSIM_API BOOL WINAPI ImageList_GetImageInfo(HIMAGELIST list, int index, IMAGEINFO* info);
 
 #define ImageList_AddIcon(list, icon) ImageList_ReplaceIcon(list, -1, icon)

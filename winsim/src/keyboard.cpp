@@ -1,0 +1,100 @@
+#include "keyboard.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "window.h"
+
+namespace winsim {
+namespace {
+
+std::array<BYTE, 256> keys = {};
+HWND focus = nullptr;
+HWND capture = nullptr;
+POINT cursor = {};
+
+}  // namespace
+
+void SetFocusAfterDestroy(HWND window) {
+  if (focus == window) {
+    focus = nullptr;
+  }
+  if (capture == window) {
+    capture = nullptr;
+  }
+}
+
+void ResetInput() {
+  keys = {};
+  cursor = {};
+  focus = nullptr;
+  capture = nullptr;
+}
+
+}  // namespace winsim
+
+using namespace winsim;
+
+// The window that had the focus hears of the loss first, as on the platform.
+HWND WINAPI SetFocus(HWND window) {
+  if (window && !FindWindow(window)) {
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return nullptr;
+  }
+  if (focus == window) {
+    return focus;
+  }
+  const HWND former = std::exchange(focus, window);
+  if (former) {
+    SendMessageW(former, WM_KILLFOCUS, reinterpret_cast<WPARAM>(window), 0);
+  }
+  if (window && focus == window) {
+    SendMessageW(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(former), 0);
+  }
+  return former;
+}
+
+HWND WINAPI GetFocus() { return focus; }
+
+HWND WINAPI SetCapture(HWND window) { return std::exchange(capture, window); }
+
+HWND WINAPI GetCapture() { return capture; }
+
+BOOL WINAPI ReleaseCapture() {
+  capture = nullptr;
+  return TRUE;
+}
+
+BOOL WINAPI SetForegroundWindow(HWND window) { return FindWindow(window) != nullptr; }
+
+HWND WINAPI GetForegroundWindow() { return focus; }
+
+SHORT WINAPI GetKeyState(int key) {
+  const BYTE state = keys[static_cast<std::size_t>(key & 0xFF)];
+  return static_cast<SHORT>(((state & 0x80) ? 0xFF80 : 0) | (state & 0x01));
+}
+
+SHORT WINAPI GetAsyncKeyState(int) { return 0; }
+
+BOOL WINAPI GetKeyboardState(BYTE* state) {
+  std::copy(keys.begin(), keys.end(), state);
+  return TRUE;
+}
+
+BOOL WINAPI SetKeyboardState(BYTE* state) {
+  std::copy_n(state, keys.size(), keys.begin());
+  return TRUE;
+}
+
+BOOL WINAPI GetCursorPos(LPPOINT point) {
+  *point = cursor;
+  return TRUE;
+}
+
+BOOL WINAPI SetCursorPos(int x, int y) {
+  cursor = {x, y};
+  return TRUE;
+}
+
+UINT WINAPI GetDoubleClickTime() { return 500; }

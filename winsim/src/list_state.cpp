@@ -1,0 +1,127 @@
+// Selection, focus and check boxes of rows, and what the parent hears of them.
+#include <algorithm>
+
+#include "list_control.h"
+
+namespace winsim {
+
+// Takes over all but the focus, which only one row can have.
+void ListControl::KeepState(int row, UINT state) {
+  ListRow& kept = Row(row);
+  const bool was = (kept.state & LVIS_SELECTED) != 0;
+  const bool is = (state & LVIS_SELECTED) != 0;
+  selectedCount_ += static_cast<int>(is) - static_cast<int>(was);
+  kept.state = (state & ~static_cast<UINT>(LVIS_FOCUSED)) | (kept.state & LVIS_FOCUSED);
+}
+
+// One row's change: announced, made, reported. Between the two notifications others give up what
+// only one row may have; a row that had the focus gives it up too, before it has it again.
+bool ListControl::ChangeState(int row, UINT state, UINT mask) {
+  const UINT before = Row(row).state;
+  const UINT after = (before & ~mask) | (state & mask);
+  if (NotifyRow(LVN_ITEMCHANGING, row, after, before, LVIF_STATE) || Gone() || !IsRow(row)) {
+    return false;
+  }
+  if (after == before) {
+    return true;
+  }
+  if ((Style() & LVS_SINGLESEL) && (after & ~before & LVIS_SELECTED)) {
+    DeselectOthers(row);
+  }
+  if (Gone() || !IsRow(row)) {
+    return false;
+  }
+  KeepState(row, after);
+  if (state & mask & LVIS_FOCUSED) {
+    if (IsRow(focus_)) {
+      ChangeState(focus_, 0, LVIS_FOCUSED);
+    }
+    if (Gone() || !IsRow(row)) {
+      return false;
+    }
+    Row(row).state |= LVIS_FOCUSED;
+    focus_ = row;
+    mark_ = mark_ == -1 ? row : mark_;
+  } else if ((mask & LVIS_FOCUSED) && focus_ == row) {
+    Row(row).state &= ~static_cast<UINT>(LVIS_FOCUSED);
+    focus_ = -1;
+  }
+  NotifyRow(LVN_ITEMCHANGED, row, after, before, LVIF_STATE);
+  return true;
+}
+
+// Row -1 means all rows, one after the other.
+LRESULT ListControl::SetState(int row, const LVITEMW& values) {
+  if (row != -1) {
+    return IsRow(row) && ChangeState(row, values.state, values.stateMask);
+  }
+  if ((Style() & LVS_SINGLESEL) && (values.state & values.stateMask & LVIS_SELECTED)) {
+    return FALSE;
+  }
+  for (int i = 0; !Gone() && i < Count(); ++i) {
+    ChangeState(i, values.state, values.stateMask);
+  }
+  return TRUE;
+}
+
+void ListControl::DeselectOthers(int row) {
+  for (int i = 0; selectedCount_ > 0 && !Gone() && i < Count(); ++i) {
+    if (i != row && (Row(i).state & LVIS_SELECTED)) {
+      ChangeState(i, 0, LVIS_SELECTED);
+    }
+  }
+}
+
+void ListControl::SelectOnly(int row) {
+  DeselectOthers(row);
+  if (!Gone() && IsRow(row)) {
+    ChangeState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    mark_ = row;
+  }
+}
+
+// From the mark to the row, and nothing else.
+void ListControl::SelectRange(int row) {
+  if (mark_ == -1) {
+    mark_ = row;
+  }
+  const int first = std::min(mark_, row);
+  const int last = std::max(mark_, row);
+  for (int i = 0; !Gone() && i < Count(); ++i) {
+    if ((i < first || i > last) && (Row(i).state & LVIS_SELECTED)) {
+      ChangeState(i, 0, LVIS_SELECTED);
+    }
+  }
+  for (int i = first; !Gone() && i <= last && i < Count(); ++i) {
+    ChangeState(i, LVIS_SELECTED, LVIS_SELECTED);
+  }
+  FocusOn(row);
+}
+
+void ListControl::FocusOn(int row) {
+  if (!Gone() && IsRow(row) && focus_ != row) {
+    ChangeState(row, LVIS_FOCUSED, LVIS_FOCUSED);
+  }
+}
+
+// Only the empty and the ticked box change places; any other state image stays.
+void ListControl::ToggleBox(int row) {
+  if (Gone() || !IsRow(row)) {
+    return;
+  }
+  const UINT box = (Row(row).state & LVIS_STATEIMAGEMASK) >> 12;
+  if (box == 1 || box == 2) {
+    ChangeState(row, (3 - box) << 12, LVIS_STATEIMAGEMASK);
+  }
+}
+
+int ListControl::NextItem(int start, UINT flags) const {
+  for (int row = start + 1; IsRow(row); ++row) {
+    if ((Row(row).state & flags & 0xF) == (flags & 0xF)) {
+      return row;
+    }
+  }
+  return -1;
+}
+
+}  // namespace winsim

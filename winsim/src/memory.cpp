@@ -1,0 +1,117 @@
+// Global blocks and the task allocator. Each block is one of malloc's, so that a sanitizer sees
+// what is written outside it.
+#include "memory.h"
+
+#include <cstdlib>
+#include <map>
+
+#include <shlobj.h>
+
+namespace winsim {
+namespace {
+
+// Size of each live block.
+std::map<void*, SIZE_T>& GlobalBlocks() {
+  static std::map<void*, SIZE_T> blocks;
+  return blocks;
+}
+
+std::map<void*, SIZE_T>& TaskBlocks() {
+  static std::map<void*, SIZE_T> blocks;
+  return blocks;
+}
+
+class TaskAllocator final : public IMalloc {
+ public:
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
+    const bool known = riid == IID_IUnknown || riid == IID_IMalloc;
+    *object = known ? this : nullptr;
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+
+  void* STDMETHODCALLTYPE Alloc(SIZE_T bytes) override {
+    void* block = std::malloc(bytes ? bytes : 1);
+    if (block) {
+      TaskBlocks()[block] = bytes;
+    }
+    return block;
+  }
+  void* STDMETHODCALLTYPE Realloc(void* block, SIZE_T bytes) override {
+    TaskBlocks().erase(block);
+    void* grown = std::realloc(block, bytes ? bytes : 1);
+    if (grown) {
+      TaskBlocks()[grown] = bytes;
+    }
+    return grown;
+  }
+  void STDMETHODCALLTYPE Free(void* block) override {
+    TaskBlocks().erase(block);
+    std::free(block);
+  }
+  SIZE_T STDMETHODCALLTYPE GetSize(void* block) override {
+    return DidAlloc(block) ? TaskBlocks()[block] : 0;
+  }
+  int STDMETHODCALLTYPE DidAlloc(void* block) override { return TaskBlocks().contains(block); }
+  void STDMETHODCALLTYPE HeapMinimize() override {}
+};
+
+TaskAllocator& Allocator() {
+  static TaskAllocator allocator;
+  return allocator;
+}
+
+}  // namespace
+
+int CountGlobalBlocks() { return static_cast<int>(GlobalBlocks().size()); }
+
+int CountTaskBlocks() { return static_cast<int>(TaskBlocks().size()); }
+
+}  // namespace winsim
+
+using namespace winsim;
+
+HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T bytes) {
+  void* block = (flags & GMEM_ZEROINIT) ? std::calloc(1, bytes ? bytes : 1)
+                                        : std::malloc(bytes ? bytes : 1);
+  if (!block) {
+    SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return nullptr;
+  }
+  GlobalBlocks()[block] = bytes;
+  return block;
+}
+
+HGLOBAL WINAPI GlobalFree(HGLOBAL block) {
+  if (block && !GlobalBlocks().erase(block)) {
+    SetLastError(ERROR_INVALID_HANDLE);
+    return block;
+  }
+  std::free(block);
+  return nullptr;
+}
+
+LPVOID WINAPI GlobalLock(HGLOBAL block) {
+  if (!GlobalBlocks().contains(block)) {
+    SetLastError(ERROR_INVALID_HANDLE);
+    return nullptr;
+  }
+  return block;
+}
+
+BOOL WINAPI GlobalUnlock(HGLOBAL block) { return GlobalBlocks().contains(block); }
+
+SIZE_T WINAPI GlobalSize(HGLOBAL block) {
+  const auto found = GlobalBlocks().find(block);
+  return found == GlobalBlocks().end() ? 0 : found->second;
+}
+
+HRESULT WINAPI SHGetMalloc(IMalloc** allocator) {
+  *allocator = &Allocator();
+  return S_OK;
+}
+
+void* WINAPI CoTaskMemAlloc(SIZE_T bytes) { return Allocator().Alloc(bytes); }
+
+void WINAPI CoTaskMemFree(void* block) { Allocator().Free(block); }

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace winsim {
+
+int CountGlobalBlocks();
+int CountTaskBlocks();
+
+}  // namespace winsim

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <winsim.h>
+
+namespace winsim {
+
+int CountMenus();
+void ForgetMenuScript();
+
+}  // namespace winsim

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace winsim {
+
+// Empties the queue of posted messages.
+void ForgetAllMessages();
+
+}  // namespace winsim

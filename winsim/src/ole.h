@@ -1,0 +1,7 @@
+#pragma once
+
+namespace winsim {
+
+void ForgetDragScript();
+
+}  // namespace winsim

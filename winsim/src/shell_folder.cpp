@@ -1,0 +1,186 @@
+// The shell's folders. An id list holds one id for each part of a path, the first for its root.
+#include <shlobj.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <set>
+#include <system_error>
+#include <vector>
+
+#include "shell.h"
+#include "text.h"
+
+namespace winsim {
+namespace {
+
+std::set<std::u16string>& AddedFiles() {
+  static std::set<std::u16string> files;
+  return files;
+}
+
+using Path = std::vector<std::u16string>;
+
+Path SplitPath(const std::u16string& name) {
+  Path parts;
+  std::size_t begin = 0;
+  while (begin < name.size()) {
+    const std::size_t end = std::min(name.find_first_of(u"/\\", begin), name.size());
+    if (end > begin) {
+      parts.push_back(name.substr(begin, end - begin));
+    }
+    begin = end + 1;
+  }
+  return parts;
+}
+
+// Two bytes of size, the part's text, and two zero bytes at the end of the whole list.
+ITEMIDLIST* MakeIdList(const Path& parts) {
+  std::vector<BYTE> bytes;
+  for (const std::u16string& part : parts) {
+    const std::size_t size = sizeof(USHORT) + part.size() * sizeof(WCHAR);
+    const std::size_t start = bytes.size();
+    bytes.resize(start + size);
+    const auto stored = static_cast<USHORT>(size);
+    std::memcpy(&bytes[start], &stored, sizeof stored);
+    std::memcpy(&bytes[start + sizeof stored], part.data(), part.size() * sizeof(WCHAR));
+  }
+  bytes.resize(bytes.size() + sizeof(USHORT));
+  void* block = CoTaskMemAlloc(bytes.size());
+  if (block) {
+    std::memcpy(block, bytes.data(), bytes.size());
+  }
+  return static_cast<ITEMIDLIST*>(block);
+}
+
+USHORT SizeOfId(const BYTE* id) {
+  USHORT size = 0;
+  std::memcpy(&size, id, sizeof size);
+  return size;
+}
+
+class Folder final : public IShellFolder {
+ public:
+  Folder() { ++LiveInterfaces(); }
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
+    const bool known = riid == IID_IUnknown || riid == IID_IShellFolder;
+    *object = known ? this : nullptr;
+    if (known) {
+      AddRef();
+    }
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0) {
+      delete this;
+    }
+    return left;
+  }
+
+  HRESULT STDMETHODCALLTYPE ParseDisplayName(HWND, IBindCtx*, LPWSTR name, ULONG*,
+                                             ITEMIDLIST** id, ULONG*) override {
+    *id = nullptr;
+    const Path parts = SplitPath(name ? name : u"");
+    if (parts.empty() || !ShellFileExists(name)) {
+      return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    }
+    *id = MakeIdList(parts);
+    return *id ? S_OK : E_OUTOFMEMORY;
+  }
+
+  HRESULT STDMETHODCALLTYPE GetUIObjectOf(HWND, UINT count, PCUITEMID_CHILD_ARRAY ids, REFIID riid,
+                                          UINT*, void** object) override {
+    *object = nullptr;
+    const bool ask = riid == IID_IContextMenu && !MenuBehaviour().failsToMakeObject;
+    if (!ask || count == 0 || std::find(ids, ids + count, nullptr) != ids + count) {
+      return E_FAIL;
+    }
+    *object = MakeShellMenu(count);
+    return S_OK;
+  }
+
+  HRESULT STDMETHODCALLTYPE EnumObjects(HWND, SHCONTF, IEnumIDList**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE BindToObject(PCUIDLIST_RELATIVE, IBindCtx*, REFIID, void**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE BindToStorage(PCUIDLIST_RELATIVE, IBindCtx*, REFIID, void**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE CompareIDs(LPARAM, PCUIDLIST_RELATIVE, PCUIDLIST_RELATIVE) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE CreateViewObject(HWND, REFIID, void**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetAttributesOf(UINT, PCUITEMID_CHILD_ARRAY, SFGAOF*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE GetDisplayNameOf(PCUITEMID_CHILD, SHGDNF, STRRET*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE SetNameOf(HWND, PCUITEMID_CHILD, LPCWSTR, SHGDNF,
+                                      PITEMID_CHILD*) override {
+    return E_NOTIMPL;
+  }
+
+ private:
+  ~Folder() { --LiveInterfaces(); }
+
+  ULONG references_ = 1;
+};
+
+}  // namespace
+
+int& LiveInterfaces() {
+  static int live = 0;
+  return live;
+}
+
+int CountInterfaces() { return LiveInterfaces(); }
+
+void AddShellFile(const std::u16string& path) { AddedFiles().insert(path); }
+
+void ClearShellFiles() { AddedFiles().clear(); }
+
+bool ShellFileExists(const std::u16string& path) {
+  std::error_code error;
+  return AddedFiles().contains(path) || std::filesystem::exists(ToUtf8(path), error);
+}
+
+void ForgetShellSteering() {
+  ClearShellFiles();
+  SetShellMenuBehaviour({});
+  ShellMenus() = {};
+}
+
+}  // namespace winsim
+
+using namespace winsim;
+
+HRESULT WINAPI SHGetDesktopFolder(IShellFolder** folder) {
+  *folder = new Folder;
+  return S_OK;
+}
+
+HRESULT WINAPI SHBindToParent(PCIDLIST_ABSOLUTE id, REFIID riid, void** folder,
+                              PCUITEMID_CHILD* last) {
+  *folder = nullptr;
+  if (last) {
+    *last = nullptr;
+  }
+  if (!id || riid != IID_IShellFolder) {
+    return E_INVALIDARG;
+  }
+  const auto* place = reinterpret_cast<const BYTE*>(id);
+  while (SizeOfId(place) && SizeOfId(place + SizeOfId(place))) {
+    place += SizeOfId(place);
+  }
+  *folder = new Folder;
+  if (last) {
+    *last = reinterpret_cast<PCUITEMID_CHILD>(place);
+  }
+  return S_OK;
+}

@@ -1,0 +1,120 @@
+// The shell's small icons: two to begin with, and one more for each new kind of file.
+#include <algorithm>
+#include <map>
+#include <vector>
+
+#include "image_list.h"
+#include "shell.h"
+#include "text.h"
+
+namespace winsim {
+namespace {
+
+constexpr int kIconSize = 16;
+
+// Each icon has colours of its own and a corner that is hidden.
+Image DrawIcon(int number) {
+  Image image;
+  image.width = kIconSize;
+  image.height = kIconSize;
+  for (int y = 0; y < kIconSize; ++y) {
+    for (int x = 0; x < kIconSize; ++x) {
+      image.pixels.push_back(RGB(40 + number * 37, x * 16, y * 16));
+      image.shown.push_back(x + y >= 4);
+    }
+  }
+  return image;
+}
+
+void AddIcon(HIMAGELIST list) {
+  const HICON icon = MakeIcon(DrawIcon(ImageList_GetImageCount(list)));
+  ImageList_ReplaceIcon(list, -1, icon);
+  DestroyIcon(icon);
+}
+
+HIMAGELIST SystemList() {
+  static const HIMAGELIST list = [] {
+    const HIMAGELIST made = MakePermanentList(kIconSize, kIconSize);
+    AddIcon(made);
+    AddIcon(made);
+    return made;
+  }();
+  return list;
+}
+
+std::u16string ExtensionOf(const std::u16string& name) {
+  const std::size_t slash = name.find_last_of(u"/\\");
+  const std::size_t dot = name.rfind(u'.');
+  const bool inName = dot != std::u16string::npos && (slash == std::u16string::npos || dot > slash);
+  return inName ? ToLower(name.substr(dot)) : u"";
+}
+
+// Files without an ending share the first icon, folders have the second.
+int IconFor(const std::u16string& name, DWORD attributes) {
+  static std::map<std::u16string, int> known = {{u"", 0}};
+  if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
+    return 1;
+  }
+  const auto [entry, added] = known.emplace(ExtensionOf(name), 0);
+  if (added) {
+    entry->second = ImageList_GetImageCount(SystemList());
+    AddIcon(SystemList());
+  }
+  return entry->second;
+}
+
+}  // namespace
+}  // namespace winsim
+
+using namespace winsim;
+
+DWORD_PTR WINAPI SHGetFileInfoW(LPCWSTR path, DWORD attributes, SHFILEINFOW* info, UINT,
+                                UINT flags) {
+  if (!path || !info) {
+    return 0;
+  }
+  if (!(flags & SHGFI_USEFILEATTRIBUTES) && !ShellFileExists(path)) {
+    return 0;
+  }
+  *info = {};
+  if (flags & (SHGFI_SYSICONINDEX | SHGFI_ICON)) {
+    info->iIcon = IconFor(path, attributes);
+  }
+  if (flags & SHGFI_ICON) {
+    info->hIcon = ImageList_GetIcon(SystemList(), info->iIcon, 0);
+  }
+  return (flags & SHGFI_SYSICONINDEX) ? reinterpret_cast<DWORD_PTR>(SystemList()) : 1;
+}
+
+// Splits at blanks outside quotes; the block is the caller's to free as a whole.
+LPWSTR* WINAPI CommandLineToArgvW(LPCWSTR commandLine, int* count) {
+  std::vector<std::u16string> arguments;
+  bool quoted = false;
+  bool open = false;
+  for (LPCWSTR place = commandLine; *place; ++place) {
+    if (!open && *place != u' ') {
+      arguments.emplace_back();
+      open = true;
+    }
+    if (*place == u'"') {
+      quoted = !quoted;
+    } else if (*place == u' ' && !quoted) {
+      open = false;
+    } else {
+      arguments.back() += *place;
+    }
+  }
+  std::size_t characters = 0;
+  for (const auto& argument : arguments) {
+    characters += argument.size() + 1;
+  }
+  const std::size_t table = (arguments.size() + 1) * sizeof(LPWSTR);
+  auto* result = static_cast<LPWSTR*>(GlobalAlloc(GPTR, table + characters * sizeof(WCHAR)));
+  auto* text = reinterpret_cast<WCHAR*>(reinterpret_cast<BYTE*>(result) + table);
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    result[i] = text;
+    text += arguments[i].copy(text, arguments[i].size()) + 1;
+  }
+  *count = static_cast<int>(arguments.size());
+  return result;
+}

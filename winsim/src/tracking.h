@@ -1,0 +1,13 @@
+// What follows the press of a mouse button.
+#pragma once
+
+#include <windows.h>
+
+namespace winsim {
+
+// Takes the posted mouse messages from the queue until the button is up (false) or the mouse has
+// moved far enough for a drag (true). An empty queue counts as the button let go: nobody is there
+// to do it later.
+bool WaitForDrag(HWND window, POINT start, UINT buttonUp);
+
+}  // namespace winsim
