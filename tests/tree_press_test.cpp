@@ -144,19 +144,12 @@ TEST_F(TreePressTest, APressOnTheButtonCountsForTheItem) {
   Open(QVLS_HASBUTTONS | QVLS_LINESATROOT | QVLS_HASLINES);
   InsertShown(TEXT("c"), 'Q');
   Given("PS", 'S', 'P');
-  const RECT row = ItemRect(Item('Q'), false);
-  TVHITTESTINFO hit = {};
-  hit.pt = {row.left, (row.top + row.bottom) / 2};
-  while (!(hit.flags & TVHT_ONITEMBUTTON) && hit.pt.x < row.right) {
-    ++hit.pt.x;
-    SendMessageW(control, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-  }
-  ASSERT_TRUE(hit.flags & TVHT_ONITEMBUTTON);
-  PressAt(hit.pt);
+  const POINT button = PartPoint(Item('Q'), TVHT_ONITEMBUTTON);
+  PressAt(button);
   EXPECT_EQ(Heard(), "B P S 0 Q E Expanded Q");
   EXPECT_FALSE(view->IsItemExpanded(Item('Q')));
   EXPECT_EQ(Selected(), "Q");
-  PressAt(hit.pt, MK_CONTROL);
+  PressAt(button, MK_CONTROL);
   EXPECT_TRUE(view->IsItemExpanded(Item('Q')));
 }
 

@@ -132,9 +132,20 @@ POINT TreeTest::LabelPoint(ItemHandle item) const {
 }
 
 POINT TreeTest::OffPoint() const {
-  RECT client;
-  GetClientRect(control, &client);
-  return {client.right / 2, client.bottom - 2};
+  RECT area;
+  GetClientRect(control, &area);
+  return {area.right / 2, area.bottom - 2};
+}
+
+POINT TreeTest::PartPoint(ItemHandle item, UINT parts) const {
+  const RECT row = ItemRect(item, false);
+  TVHITTESTINFO hit = {};
+  for (hit.pt = {row.left, (row.top + row.bottom) / 2}; hit.pt.x < row.right; ++hit.pt.x) {
+    SendMessageW(control, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    if (hit.flags & parts) return hit.pt;
+  }
+  ADD_FAILURE() << client.Name(item) << " has no such part";
+  return hit.pt;
 }
 
 POINT TreeTest::ToScreen(POINT point) const {

@@ -53,6 +53,9 @@ class TreeTest : public HostTest {
   RECT ItemRect(ItemHandle item, bool labelOnly = true) const;
   POINT LabelPoint(ItemHandle item) const;
   POINT OffPoint() const;
+
+  // The leftmost point of the item's row with one of these native hit flags.
+  POINT PartPoint(ItemHandle item, UINT parts) const;
   POINT ToScreen(POINT point) const;
 
   // Moves the caret by message; 0 takes it away.
