@@ -4,7 +4,7 @@
 # Runs a command with an X display and a Wine prefix of its own, and ends both afterwards. The
 # prefixes lie under build/, one for each run that goes on at the same time; making one takes some
 # seconds, once. Within such a run a nested call just runs its command. With QVL_USE_DISPLAY set
-# the display is the user's own.
+# the display is the user's own, which has a window manager, and the prefix is one for that.
 set -euo pipefail
 
 if [ -n "${QVL_DISPLAY_READY:-}" ]; then
@@ -43,11 +43,14 @@ trap 'exit 129' HUP
 # is handed to no child, so a server still bound to a prefix that could be locked is a leftover.
 choose_prefix() {
   mkdir -p "$root/build"
-  local slot
+  local slot kind=wine
+  if [ -n "${QVL_USE_DISPLAY:-}" ]; then
+    kind=wine-desktop
+  fi
   for slot in 1 2 3 4 5 6 7 8; do
-    exec 9>"$root/build/wine-$slot.lock"
+    exec 9>"$root/build/$kind-$slot.lock"
     if flock -n 9; then
-      export WINEPREFIX="$root/build/wine-$slot"
+      export WINEPREFIX="$root/build/$kind-$slot"
       prefix_locked=yes
       "$WINESERVER" -k 9>&- 2>/dev/null || true
       return
@@ -82,11 +85,16 @@ start_display() {
   export DISPLAY
 }
 
-# A prefix is complete when its marker names the Wine that made it. It has no theme, since windows
-# without one look and measure the same everywhere.
+set_value() {
+  "$WINE64" reg add "$1" /v "$2" /t REG_SZ /d "$3" /f 9>&- >/dev/null 2>&1
+}
+
+# A prefix is complete when its marker names the Wine that made it and what was set in it. There is
+# no theme, since windows without one look and measure the same everywhere. On the virtual display
+# nobody manages windows: without being told so, Wine waits two seconds for it at every window.
 make_prefix() {
   local marker="$WINEPREFIX/qvl-ready" version
-  version=$("$WINE64" --version 9>&-)
+  version="$("$WINE64" --version 9>&-), settings 2"
   "$WINESERVER" -p 9>&- 2>/dev/null || true
   if [ "$(cat "$marker" 2>/dev/null)" = "$version" ]; then
     return
@@ -97,8 +105,10 @@ make_prefix() {
   mkdir -p "$WINEPREFIX"
   "$WINESERVER" -p 9>&-
   "$WINE64" wineboot -i 9>&- >/dev/null 2>&1
-  "$WINE64" reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager' \
-    /v ThemeActive /t REG_SZ /d 0 /f 9>&- >/dev/null 2>&1
+  set_value 'HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager' ThemeActive 0
+  if [ -z "${QVL_USE_DISPLAY:-}" ]; then
+    set_value 'HKCU\Software\Wine\X11 Driver' Managed N
+  fi
   echo "$version" >"$marker"
 }
 
@@ -113,6 +123,9 @@ if [ -z "${QVL_USE_DISPLAY:-}" ]; then
   start_display
 fi
 make_prefix
+# Any program with a window makes Wine start its desktop, which then keeps that program's output
+# open and lets a reader of it wait for ever. This one has none to keep.
+"$WINE64" rundll32 shell32.dll,None 9>&- </dev/null >/dev/null 2>&1 || true
 
 export QVL_DISPLAY_READY=1
 "$@" <&0 9>&- &
