@@ -415,4 +415,19 @@ TEST_F(EndedByCallback, ReleaseInsideCreate) {
   EXPECT_EQ(CountParents(), 0);
 }
 
+TEST_F(EndedByCallback, CreateInsideCreate) {
+  for (const std::uint32_t style : BOTH_TYPES) {
+    HWND inner = nullptr;
+    client.onCreateColumns = [&](HWND, RECT*) {
+      client.onCreateColumns = nullptr;
+      inner = CreateView(style);
+      return true;
+    };
+    EXPECT_EQ(CreateView(QVLS_LISTVIEW), nullptr);
+    EXPECT_NE(inner, nullptr);
+    EXPECT_EQ(view->GetControlWindow(), inner);
+    EXPECT_EQ(CountParents(), 1);
+  }
+}
+
 }  // namespace
