@@ -3,11 +3,11 @@
 # script can press keys and buttons where things are, and wait for what follows from them. What
 # the demo answers last stands in $answer.
 #
-# QVL_BUILD_DIR names the build folder; pictures and logs go to $session_folder.
+# QVL_BUILD_DIR names the build folder; pictures and logs go to $session_folder, which is emptied.
 
 session_tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 session_build=${QVL_BUILD_DIR:-$(dirname -- "$session_tools")/build/windows}
-session_folder="$session_build/display/${session_name:?}"
+session_folder=${session_folder:-$session_build/display/${session_name:?}}
 session_demo_pid=
 session_syncs=0
 session_pictures=0
@@ -166,6 +166,18 @@ new_calls() {
   ask log "$session_mark"
   answer=$(grep '^On' <<<"$answer" | grep -v '^OnGetInfoTip' | sed 's/ at -\?[0-9]*,-\?[0-9]*$//' ||
     true)
+}
+
+# Until the focus is in a label's edit field.
+await_editing() {
+  local tries
+  for ((tries = 0; tries < 500; tries++)); do
+    if try_to_ask editing; then
+      return
+    fi
+    sleep 0.02
+  done
+  fail "no label is being edited"
 }
 
 # await text: until a new line of the log contains it.

@@ -1,7 +1,8 @@
 #!/bin/bash
 # run_demo.sh [folder]: shows a folder, by default this checkout, in the demo's tree view. On the
 # user's display the window stays until it is closed. Without one the demo runs on a virtual
-# display, and what it shows is left as a picture and printed as an outline.
+# display: it prints the tree as the view holds it, is taken through a short tour by mouse and
+# keyboard, and leaves pictures and the log of the client's calls.
 set -euo pipefail
 
 tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
@@ -9,31 +10,19 @@ root=$(dirname -- "$tools")
 folder=$(realpath -m -- "${1:-$root}")
 windows_folder="Z:${folder//\//\\}"
 demo="$root/build/windows/bin/demo.exe"
-picture="$root/build/demo.png"
 
-if [ -z "${QVL_DISPLAY_READY:-}" ]; then
-  if [ -n "${DISPLAY:-}" ]; then
-    export QVL_USE_DISPLAY=1
-    exec "$tools/with_display.sh" "$tools/wine.sh" "$demo" "$windows_folder"
-  fi
-  exec "$tools/with_display.sh" "${BASH_SOURCE[0]}" "$folder"
+# Wine shows a link to a folder as a folder, and the prefixes hold one to the root of all files.
+options=(--skip .git --skip dosdevices)
+if [ "$folder" = "$root" ]; then
+  options+=(--skip build)
 fi
 
-# The demo prints its outline once its window is drawn, closes it with a line of counts, and stays
-# until its input ends.
-coproc DEMO { exec "$tools/wine.sh" "$demo" --outline "$windows_folder"; }
-demo_pid=$DEMO_PID
-exec 3<&"${DEMO[0]}" 4>&"${DEMO[1]}"
-while IFS= read -r line <&3; do
-  line=${line%$'\r'}
-  printf '%s\n' "$line"
-  if [[ $line =~ ^[0-9]+\ items ]]; then
-    import -silent -window root "$picture"
-    echo "Picture: $picture"
-    break
-  fi
-done
-exec 4>&-
-status=0
-wait "$demo_pid" || status=$?
-exit "$status"
+if [ -n "${QVL_DISPLAY_READY:-}" ]; then
+  "$tools/wine.sh" "$demo" "${options[@]}" --outline "$windows_folder"
+  "$tools/demo_tour.sh" "$folder" "${options[@]}"
+elif [ -n "${DISPLAY:-}" ]; then
+  export QVL_USE_DISPLAY=1
+  exec "$tools/with_display.sh" "$tools/wine.sh" "$demo" "${options[@]}" "$windows_folder"
+else
+  exec "$tools/with_display.sh" "${BASH_SOURCE[0]}" "$folder"
+fi
