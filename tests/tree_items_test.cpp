@@ -441,7 +441,21 @@ TEST_F(TreeItems, AnswersOfTheControlAreReadAsTold) {
 TEST_F(TreeItems, DeletedItemsAreRefusedByTheControl) {
   OpenWithBranches();
   EXPECT_TRUE(view->DeleteItem(a));
-  EXPECT_FALSE(view->DeleteItem(a1)) << "gone with its parent";
+  QVLTreeViewItem record;
+  record.SetSelected(true);
+  for (const ItemHandle gone : {a, a1}) {
+    EXPECT_FALSE(view->DeleteItem(gone));
+    EXPECT_EQ(view->InsertItem(&record, gone), -1);
+    EXPECT_FALSE(view->UpdateItem(&record, gone));
+    EXPECT_EQ(view->GetParentItem(gone), 0);
+    EXPECT_EQ(view->GetFirstChildItem(gone), 0);
+    EXPECT_EQ(view->GetNextSiblingItem(gone), 0);
+    EXPECT_EQ(view->GetItemClientPtr(gone), 0);
+    EXPECT_FALSE(view->IsItemExpanded(gone));
+    view->ExpandItem(gone, true);
+    view->EnsureVisible(gone);
+    view->SetItemChecked(gone, true);
+  }
   EXPECT_EQ(Listed(true), "b c ");
   EXPECT_TRUE(view->DeleteItem(0)) << "to the control that is all items";
   EXPECT_EQ(Ask(TVM_GETCOUNT), 0);
@@ -467,6 +481,22 @@ TEST_F(TreeItems, ExpandAllReachesEveryBranchAndCollapseAllTheTop) {
   EXPECT_EQ(Listed(true), "a a1 a1x a2 b c ");
   view->ExpandItem(a, false);
   EXPECT_EQ(Listed(true), "a b c ");
+}
+
+TEST_F(TreeItems, EmptyTreeTakesEverything) {
+  Open();
+  view->EnsureVisible(-1);
+  view->ExpandAll();
+  view->CollapseAll();
+  view->CheckAll();
+  view->UncheckAll();
+  view->DeleteAllItems();
+  view->Redraw();
+  PumpMessages();
+  EXPECT_EQ(Ask(TVM_GETCOUNT), 0);
+  EXPECT_EQ(view->GetSelectedItem(0), -1);
+  EXPECT_EQ(view->GetCheckedItem(0), -1);
+  EXPECT_NE(Insert(TEXT("a")), -1);
 }
 
 TEST_F(TreeItems, EnsureVisibleScrollsToTheItem) {
