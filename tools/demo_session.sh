@@ -50,6 +50,7 @@ start_demo() {
       2>"$session_folder/stderr.log"
   }
   session_demo_pid=$DEMO_PID
+  session_syncs=0
   exec 5<&"${DEMO[0]}" 6>&"${DEMO[1]}"
   ask count
 }

@@ -34,8 +34,8 @@ select_items() {
   click button desktop
   click label text.cpp
   ctrl_click label text.h
-  click box view_filler.h
   picture "selection"
+  click box view_filler.h
 }
 
 use_the_shells_menu() {
@@ -65,7 +65,7 @@ drag_three_files() {
 
 rename_and_remove() {
   click label entry_text.h
-  xdotool key F2
+  click tool rename
   await_editing
   xdotool key ctrl+a type renamed.h
   picture "a label is edited"

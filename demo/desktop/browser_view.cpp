@@ -165,12 +165,14 @@ void BrowserView::BeginRename() {
   if (IsList() || !mayRename) return;
   const HWND tree = view->GetControlWindow();
   const LRESULT caret = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0);
+  renameAsked = true;
   if (caret != 0) SendMessageW(tree, TVM_EDITLABELW, 0, caret);
+  renameAsked = false;
 }
 
 bool BrowserView::MayEdit(const NMTVDISPINFOW& record) const {
   const auto entry = EntryOf(*view, reinterpret_cast<ItemHandle>(record.item.hItem));
-  return entry && *entry != 0;
+  return renameAsked && entry && *entry != 0;
 }
 
 bool BrowserView::TakeLabel(const NMTVDISPINFOW& record) {

@@ -41,7 +41,8 @@ class BrowserView {
   // Begins to edit the label of the caret's item.
   void BeginRename();
 
-  // Whether the edit of a label may begin: not of the directory's own.
+  // Whether the edit of a label may begin: only as BeginRename asked, not by a slow second click,
+  // and not of the directory's own.
   bool MayEdit(const NMTVDISPINFOW& record) const;
 
   // Renames the file behind the label. False if there is no new name or the disk refuses it.
@@ -67,6 +68,7 @@ class BrowserView {
   DemoClient client;
   std::unique_ptr<IQVLTreeView, Release> view;
   bool mayRename = false;
+  bool renameAsked = false;
   int folderIcon = -1;
   std::size_t colours = 0;
   Column sortedBy = Column::Name;

@@ -14,6 +14,7 @@ namespace {
 constexpr int WIDTH = 1080;
 constexpr int HEIGHT = 760;
 constexpr int GAP = 6;
+constexpr std::size_t MOST_COUNTED = 1000;  // counting walks all items, too long for many more
 constexpr UINT REFRESH_LOG = WM_APP + 1;
 constexpr UINT SORT_LIST = WM_APP + 2;
 
@@ -62,7 +63,6 @@ bool BrowserWindow::Create(const Options& options) {
     refreshPosted = PostMessageW(Window(), REFRESH_LOG, 0, 0) != FALSE;
   });
   Arrange();
-  ShowStatus();
   return true;
 }
 
@@ -181,21 +181,23 @@ void BrowserWindow::Run(Command command) {
     case Command::Switch: OpenView(!browser.IsList()); break;
   }
   SetFocus(view.GetControlWindow());
-  ShowStatus();
 }
 
 void BrowserWindow::RefreshLog() {
   refreshPosted = false;
   logPane.Refresh();
-  ShowStatus();
 }
 
 void BrowserWindow::ShowStatus() {
   IQVLTreeView& view = browser.View();
   std::wstring text = std::to_wstring(model.Size()) + L" entries";
   if (model.IsCutShort()) text += L" (cut short)";
-  text += L"    " + std::to_wstring(view.GetSelectedCount()) + L" selected    ";
-  text += std::to_wstring(view.GetCheckedCount()) + L" checked";
+  if (model.Size() <= MOST_COUNTED) {
+    text += L"    " + std::to_wstring(view.GetSelectedCount()) + L" selected    ";
+    text += std::to_wstring(view.GetCheckedCount()) + L" checked";
+  }
+  if (text == statusText) return;
+  statusText = text;
   SetWindowTextW(status, text.c_str());
 }
 

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "browser_view.h"
 #include "call_log.h"
 #include "command_ids.h"
@@ -29,6 +31,9 @@ class BrowserWindow final : public WindowBase, private IDesk {
   // True if the message was a key of the demo's own, which is done with then.
   bool TranslateKey(MSG& message);
 
+  // Brings the line of counts up to date; for moments when nothing else is to do.
+  void ShowStatus();
+
   // Whether the focus is in a label's edit field, to which all keys belong then.
   bool IsEditingLabel() const;
 
@@ -46,7 +51,6 @@ class BrowserWindow final : public WindowBase, private IDesk {
   void Arrange();
   void Run(Command command);
   void RefreshLog();
-  void ShowStatus();
   RECT ViewArea() const;
 
   void OpenContextMenu(int x, int y, ItemHandle item) override;
@@ -62,6 +66,7 @@ class BrowserWindow final : public WindowBase, private IDesk {
   LogPane logPane;
   HWND logTitle = nullptr;
   HWND status = nullptr;
+  std::wstring statusText;
   HACCEL keys = nullptr;
   bool refreshPosted = false;
 };

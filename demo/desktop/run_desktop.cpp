@@ -33,7 +33,9 @@ bool ReadWithProgress(const Options& options, DirectoryModel& model) {
 
 void RunMessages(BrowserWindow& window, Commands* commands) {
   MSG message{};
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  for (;;) {
+    if (!PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) window.ShowStatus();
+    if (GetMessageW(&message, nullptr, 0, 0) <= 0) return;
     if (commands != nullptr && commands->TakeSyncKey(message)) continue;
     if (window.TranslateKey(message)) continue;
     TranslateMessage(&message);
