@@ -46,7 +46,7 @@ class SelectionTest : public HostTest {
   }
 
   // From now on the client answers both requests for names with these.
-  void AnswerWith(FileNameList names, bool answer = true) {
+  void AnswerWith(const FileNameList& names, bool answer = true) {
     client.onBeginDrag = [=](ItemHandleList*, FileNameList* files) {
       *files = names;
       return answer;
