@@ -108,7 +108,7 @@ class TreeModelTest : public TreeTest, public ::testing::WithParamInterface<int>
         Key(step.key, step.shift);
         return model.Key(step.key, step.shift);
       case Act::pressOff:
-        return PressBoth(0, OffPoint(), step, false);
+        return PressBoth(OffPoint(), step);
       case Act::insert:
         return InsertBelow(step.on ? any : 0);
       case Act::multiSelect:
@@ -152,10 +152,10 @@ class TreeModelTest : public TreeTest, public ::testing::WithParamInterface<int>
   void DoToItems(const Step& step, ItemHandle visible, ItemHandle any) {
     switch (step.chance->act) {
       case Act::press:
-        return PressBoth(visible, LabelPoint(visible), step, false);
+        return PressBoth(LabelPoint(visible), step);
       case Act::pressButton:
         if (!model.HasChildren(visible)) return;
-        return PressBoth(visible, PartPoint(visible, TVHT_ONITEMBUTTON), step, true);
+        return PressBoth(PartPoint(visible, TVHT_ONITEMBUTTON), step);
       case Act::expand:
         view->ExpandItem(any, step.on);
         return model.Expand(any, step.on);
@@ -178,20 +178,24 @@ class TreeModelTest : public TreeTest, public ::testing::WithParamInterface<int>
         view->InvertSelection();
         return model.InvertSelection();
       default:
-        return SelectAtBoth(visible);
+        return SelectAtBoth(LabelPoint(visible));
     }
   }
 
-  void PressBoth(ItemHandle item, POINT point, const Step& step, bool onButton) {
+  // What lies at the point is the control's word: in some layouts it draws two items as one.
+  void PressBoth(POINT point, const Step& step) {
     const WPARAM keys = (step.shift ? MK_SHIFT : 0U) | (step.control ? MK_CONTROL : 0U);
+    const TVHITTESTINFO hit = HitAt(point);
     PressAt(point, keys);
-    model.LeftPress({item, step.shift, step.control, onButton});
+    model.LeftPress({reinterpret_cast<ItemHandle>(hit.hItem), step.shift, step.control,
+                     (hit.flags & TVHT_ONITEMBUTTON) != 0});
   }
 
-  void SelectAtBoth(ItemHandle item) {
-    const POINT point = ToScreen(LabelPoint(item));
-    EXPECT_EQ(view->HitTest(&point, true, nullptr), item);
-    model.SelectAt(item);
+  void SelectAtBoth(POINT point) {
+    const auto hit = reinterpret_cast<ItemHandle>(HitAt(point).hItem);
+    const POINT screenPoint = ToScreen(point);
+    EXPECT_EQ(view->HitTest(&screenPoint, true, nullptr), hit);
+    model.SelectAt(hit);
   }
 
   void InsertBelow(ItemHandle parent) {

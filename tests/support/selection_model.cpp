@@ -242,7 +242,10 @@ void SelectionModel::ShiftPress(const Press& press) {
 void SelectionModel::Range(ItemHandle target) {
   const ItemList items = Visible();
   const auto count = static_cast<ItemList::difference_type>(items.size());
-  const auto [first, last] = std::minmax(PlaceOf(anchor, items), PlaceOf(target, items));
+  const auto fixed = PlaceOf(anchor, items);
+  const auto moving = PlaceOf(target, items);
+  const auto first = std::min(fixed, moving);
+  const auto last = std::max(fixed, moving);
   for (ItemList::difference_type place = 0; place < count; ++place) {
     const ItemHandle item = items[static_cast<std::size_t>(place)];
     if (place == first) MoveCaret(target);

@@ -137,15 +137,21 @@ POINT TreeTest::OffPoint() const {
   return {area.right / 2, area.bottom - 2};
 }
 
+TVHITTESTINFO TreeTest::HitAt(POINT point) const {
+  TVHITTESTINFO hit = {};
+  hit.pt = point;
+  SendMessageW(control, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  return hit;
+}
+
 POINT TreeTest::PartPoint(ItemHandle item, UINT parts) const {
   const RECT row = ItemRect(item, false);
-  TVHITTESTINFO hit = {};
-  for (hit.pt = {row.left, (row.top + row.bottom) / 2}; hit.pt.x < row.right; ++hit.pt.x) {
-    SendMessageW(control, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    if (hit.flags & parts) return hit.pt;
+  POINT point = {row.left, (row.top + row.bottom) / 2};
+  for (; point.x < row.right; ++point.x) {
+    if (HitAt(point).flags & parts) return point;
   }
   ADD_FAILURE() << client.Name(item) << " has no such part";
-  return hit.pt;
+  return point;
 }
 
 POINT TreeTest::ToScreen(POINT point) const {

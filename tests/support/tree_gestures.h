@@ -54,6 +54,9 @@ class TreeTest : public HostTest {
   POINT LabelPoint(ItemHandle item) const;
   POINT OffPoint() const;
 
+  // What the control itself says of a point.
+  TVHITTESTINFO HitAt(POINT point) const;
+
   // The leftmost point of the item's row with one of these native hit flags.
   POINT PartPoint(ItemHandle item, UINT parts) const;
   POINT ToScreen(POINT point) const;
