@@ -77,10 +77,8 @@ void QVLListView::SubclassControl() {
 
 // Notes what the host asks of the control's drawing, and changes nothing.
 LRESULT CALLBACK ListControlSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_SETREDRAW) {
-    auto* view = reinterpret_cast<QVLListView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    view->redraw.NoteRequest(wParam != 0);
-  }
+  auto* view = reinterpret_cast<QVLListView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (view && message == WM_SETREDRAW) view->redraw.NoteRequest(wParam != 0);
   return CallWindowProcW(savedListProc, window, message, wParam, lParam);
 }
 

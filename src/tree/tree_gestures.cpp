@@ -16,17 +16,9 @@ bool IsShiftDown() { return GetKeyState(VK_SHIFT) < 0; }
 
 LRESULT CALLBACK TreeControlSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   auto* view = reinterpret_cast<QVLTreeView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  switch (message) {
-    case WM_KEYDOWN:
-      return view->HandleKeyDown(wParam, lParam);
-    case WM_LBUTTONDOWN:
-      return view->HandleLButtonDown(wParam, lParam);
-    case WM_SETREDRAW:
-      view->redraw.NoteRequest(wParam != 0);
-      break;
-    default:
-      break;
-  }
+  if (view && message == WM_KEYDOWN) return view->HandleKeyDown(wParam, lParam);
+  if (view && message == WM_LBUTTONDOWN) return view->HandleLButtonDown(wParam, lParam);
+  if (view && message == WM_SETREDRAW) view->redraw.NoteRequest(wParam != 0);
   return CallWindowProcW(savedControlProc, window, message, wParam, lParam);
 }
 

@@ -29,11 +29,21 @@ void MoveViewWindows(HWND parent, HWND control, int x, int y, int width, int hei
   MoveWindow(control, 0, 0, width, height, FALSE);
 }
 
+namespace {
+
+// A window that outlives its view, because the platform does not let go of it, must not find the
+// view any more.
+void EndWindow(HWND window) {
+  if (window && !DestroyWindow(window)) SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+}
+
+}  // namespace
+
 bool EndViewWindows(ViewLife& life, HWND& control, HWND& parent) {
   life.End();
   LifeWatch alive(life);
-  if (control) DestroyWindow(control);
-  if (alive && parent) DestroyWindow(parent);
+  EndWindow(control);
+  if (alive) EndWindow(parent);
   if (!alive) return false;
   control = nullptr;
   parent = nullptr;
