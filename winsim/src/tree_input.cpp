@@ -200,7 +200,8 @@ void TreeControl::ExpandByKey(WPARAM key) {
       ExpandWholeBranch(caret_);
       return;
     case VK_LEFT:
-      if (open) {
+      // An item that lost all its children stays expanded, and the key stays with it.
+      if (caret->state & TVIS_EXPANDED) {
         Collapse(caret_, true);
       } else if (caret->parent != &root_) {
         Select(caret->parent->handle, TVC_BYKEYBOARD);

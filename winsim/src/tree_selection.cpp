@@ -100,7 +100,8 @@ bool TreeControl::Expand(HTREEITEM handle, bool byUser) {
   if (!item || !item->firstChild) {
     return false;
   }
-  if (item->state & TVIS_EXPANDED) {
+  // A user's expansion is told again even if there is nothing left to expand.
+  if ((item->state & TVIS_EXPANDED) && !byUser) {
     return true;
   }
   const bool tells = byUser || !(item->state & TVIS_EXPANDEDONCE);
