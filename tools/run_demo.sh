@@ -44,7 +44,8 @@ ask() {
 
 ask idle
 if kill -0 "$demo_pid" 2>/dev/null; then
-  import -silent -window root "$picture"
+  read -r left top width height < <(ask frame)
+  import -silent -window root -crop "${width}x$height+$left+$top" +repage "$picture"
   ask outline
   echo "Picture: $picture"
   ask quit
