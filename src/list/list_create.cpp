@@ -71,8 +71,7 @@ bool QVLListView::CreateControl(int width, int height, QVLTreeViewStyleExt* styl
 // The subclass procedure finds the view through the user data, so that comes first.
 void QVLListView::SubclassControl() {
   SetWindowLongPtrW(controlWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  savedListProc = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
-      controlWindow, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ListControlSubclassProc)));
+  ReplaceControlProc(controlWindow, ListControlSubclassProc, savedListProc);
 }
 
 // Notes what the host asks of the control's drawing, and changes nothing.

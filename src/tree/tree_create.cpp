@@ -36,11 +36,14 @@ HWND QVLTreeView::Create(HWND parent, int id, int x, int y, int width, int heigh
   controlId = id;
   if (!CreateControl(width, height, styleExt)) return nullptr;
   SetMultiSelect((style & QVLS_SINGLESEL) == 0);
-  // The subclass procedure finds the view through the user data, so that comes first.
-  SetWindowLongPtrW(controlWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  savedControlProc = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
-      controlWindow, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TreeControlSubclassProc)));
+  SubclassControl();
   return controlWindow;
+}
+
+// The subclass procedure finds the view through the user data, so that comes first.
+void QVLTreeView::SubclassControl() {
+  SetWindowLongPtrW(controlWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  ReplaceControlProc(controlWindow, TreeControlSubclassProc, savedControlProc);
 }
 
 bool QVLTreeView::CreateControl(int width, int height, QVLTreeViewStyleExt* styleExt) {

@@ -79,6 +79,7 @@ class QVLTreeView final : public IQVLTreeView {
 
   // Creation and insertion.
   bool CreateControl(int width, int height, QVLTreeViewStyleExt* styleExt);
+  void SubclassControl();
   void MakeCheckBoxImages();
   void FreeCheckBoxImages();
   void ApplyCheckAndSelection(const QVLTreeViewItem& item, HeldItem& handle);

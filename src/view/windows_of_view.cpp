@@ -24,6 +24,12 @@ HWND CreateViewControl(const WCHAR* className, DWORD style, DWORD exStyle, HWND 
                                     height, parent, id, moduleHandle, nullptr);
 }
 
+void ReplaceControlProc(HWND control, WNDPROC procedure, WNDPROC& saved) {
+  const LONG_PTR previous =
+      SetWindowLongPtrW(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+  if (previous) saved = reinterpret_cast<WNDPROC>(previous);
+}
+
 void MoveViewWindows(HWND parent, HWND control, int x, int y, int width, int height) {
   MoveWindow(parent, x, y, width, height, FALSE);
   MoveWindow(control, 0, 0, width, height, FALSE);

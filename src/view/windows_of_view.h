@@ -14,6 +14,10 @@ HWND CreateViewParent(const WCHAR* className, WNDPROC procedure, HWND host, int 
 HWND CreateViewControl(const WCHAR* className, DWORD style, DWORD exStyle, HWND parent,
                        int controlId, int width, int height);
 
+// Puts a procedure in the place of the control's own, which goes into `saved`, unless the platform
+// refuses.
+void ReplaceControlProc(HWND control, WNDPROC procedure, WNDPROC& saved);
+
 // Moves the parent, and the control with it, without repainting.
 void MoveViewWindows(HWND parent, HWND control, int x, int y, int width, int height);
 
