@@ -69,6 +69,15 @@ TEST_P(ShellMenuTest, EverythingIsTakenAndReleasedInOrder) {
   EXPECT_EQ(shell.invoked.hIcon, nullptr);
 }
 
+TEST_P(ShellMenuTest, TheFirstAndTheLastCommandAreRun) {
+  for (const int command : {1, 0x7FFF}) {
+    shell.onTrack = [=] { return command; };
+    EXPECT_TRUE(Show({TEXT("C:\\a\\x")}));
+    const Lines lines = shell.Take();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "Invoke " + std::to_string(command - 1)), 1);
+  }
+}
+
 TEST_P(ShellMenuTest, FailuresBeforeTheFirstFolderGiveFalse) {
   const std::string parsed = "SHGetMalloc|Alloc 8|SHGetDesktopFolder|Parse C:\\a\\x|Bind nothing|";
   const struct {
