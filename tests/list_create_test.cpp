@@ -277,8 +277,9 @@ TEST_F(ListCreateTest, TheDefaultColumnFollowsMove) {
   GetWindowRect(parent, &outer);
   EXPECT_EQ(outer.right - outer.left, 150);
   EXPECT_EQ(outer.bottom - outer.top, 120);
-  MapWindowPoints(nullptr, host, reinterpret_cast<POINT*>(&outer), 2);
-  EXPECT_TRUE(outer.left == 5 && outer.top == 6);
+  POINT corner = {outer.left, outer.top};
+  ScreenToClient(host, &corner);
+  EXPECT_TRUE(corner.x == 5 && corner.y == 6);
   const int widthWithoutBar = ClientRect().right;
   EXPECT_EQ(ColumnWidth(), widthWithoutBar);
 

@@ -206,6 +206,19 @@ TEST_F(ListNotifyTest, LabelEditsGoAsTheClientSays) {
   EXPECT_EQ(Text(0), TEXT("c"));
 }
 
+TEST_F(ListNotifyTest, AClickOnATitleNamesTheColumn) {
+  for (const std::uint32_t flags : {QVLS_SORTHEADER, 0u}) {
+    UseClientColumns({100, 80});
+    Open(flags);
+    const auto header = reinterpret_cast<HWND>(SendMessageW(control, LVM_GETHEADER, 0, 0));
+    for (const int x : {20, 140}) {
+      SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, 5));
+      SendMessageW(header, WM_LBUTTONUP, 0, MAKELPARAM(x, 5));
+    }
+    EXPECT_EQ(client.Take(), flags ? (Lines{"ColumnClick 0", "ColumnClick 1"}) : Lines());
+  }
+}
+
 TEST_F(ListNotifyTest, AContextRequestSelectsWhatItIsFor) {
   Open();
   AddRows(3);

@@ -15,6 +15,10 @@ class Header : public Control {
 
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
     const int x = static_cast<short>(LOWORD(lParam));
+    if (message == HDM_GETITEMCOUNT) {
+      const auto list = List();
+      return list ? list->ColumnCount() : 0;
+    }
     if (message == WM_LBUTTONDOWN) {
       pressed_ = ColumnAt(x);
       return 0;

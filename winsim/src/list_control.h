@@ -32,6 +32,7 @@ class ListControl : public Control, public LabelEditOwner {
   std::u16string AskInfoTip(int row);
   void ColumnClicked(int column);
   int ColumnAt(int x) const;
+  int ColumnCount() const { return static_cast<int>(columns_.size()); }
 
  private:
   // list_control.cpp
