@@ -50,6 +50,8 @@ std::optional<std::size_t> EntryOf(IQVLTreeView& view, ItemHandle item) {
   return static_cast<std::size_t>(value - 1);
 }
 
+void DemoClient::Note(const std::string& call) { log.Add(call, depth); }
+
 std::string DemoClient::NameOf(IQVLTreeView& view, ItemHandle item) const {
   const auto entry = EntryOf(view, item);
   return entry ? model.RelativeName(*entry) : "none";
@@ -57,14 +59,14 @@ std::string DemoClient::NameOf(IQVLTreeView& view, ItemHandle item) const {
 
 void DemoClient::OnContextMenu(IQVLTreeView* view, int x, int y, ItemHandle item,
                                std::uint32_t hitFlags) {
-  log.Add("OnContextMenu " + NameOf(*view, item) + " on " + HitText(hitFlags) + " at " +
-          std::to_string(x) + "," + std::to_string(y));
+  Note("OnContextMenu " + NameOf(*view, item) + " on " + HitText(hitFlags) + " at " +
+       std::to_string(x) + "," + std::to_string(y));
   if (desk) desk->OpenContextMenu(x, y, item);
 }
 
 bool DemoClient::OnGetInfoTip(IQVLTreeView* view, ItemHandle item, WCHAR** text, int* length,
                               std::uint32_t hitFlags) {
-  log.Add("OnGetInfoTip " + NameOf(*view, item) + " on " + HitText(hitFlags));
+  Note("OnGetInfoTip " + NameOf(*view, item) + " on " + HitText(hitFlags));
   const auto entry = EntryOf(*view, item);
   if (!entry) return false;
   tip = TipText(model.At(*entry));
@@ -73,8 +75,8 @@ bool DemoClient::OnGetInfoTip(IQVLTreeView* view, ItemHandle item, WCHAR** text,
   return true;
 }
 
-bool DemoClient::CollectFiles(IQVLTreeView& view, const ItemHandleList& items,
-                              FileNameList& files, std::string call) {
+bool DemoClient::CollectFiles(IQVLTreeView& view, const ItemHandleList& items, FileNameList& files,
+                              std::string call) {
   const char* separator = " ";
   for (const ItemHandle item : items) {
     const auto entry = EntryOf(view, item);
@@ -83,7 +85,7 @@ bool DemoClient::CollectFiles(IQVLTreeView& view, const ItemHandleList& items,
     call += separator + model.RelativeName(*entry);
     separator = ", ";
   }
-  log.Add(call);
+  Note(call);
   return !files.empty();
 }
 
@@ -92,7 +94,7 @@ bool DemoClient::OnBeginDrag(IQVLTreeView* view, ItemHandleList* items, FileName
 }
 
 bool DemoClient::OnCreateColumns(IQVLTreeView*, HWND listWindow, RECT* clientRect) {
-  log.Add("OnCreateColumns");
+  Note("OnCreateColumns");
   if (desk) desk->MakeColumns(listWindow, *clientRect);
   return desk != nullptr;
 }
@@ -106,32 +108,32 @@ bool DemoClient::OnLabelEdit(IQVLTreeView*, NMHDR* record, std::uint32_t code) {
   const bool begins = IsBeginOfEdit(code);
   const bool answer = desk ? desk->AnswerLabelEdit(record, code) : begins;
   const char* outcome = begins ? (answer ? "refused" : "allowed") : (answer ? "taken" : "left");
-  log.Add(std::string("OnLabelEdit ") + (begins ? "begins, " : "ends, ") + outcome);
+  Note(std::string("OnLabelEdit ") + (begins ? "begins, " : "ends, ") + outcome);
   return answer;
 }
 
 void DemoClient::OnBeginSelectionChange(IQVLTreeView*) {
-  log.Add("OnBeginSelectionChange", depth);
+  Note("OnBeginSelectionChange");
   ++depth;
 }
 
 void DemoClient::OnItemSelectionChanged(IQVLTreeView* view, ItemHandle item) {
-  log.Add("OnItemSelectionChanged " + NameOf(*view, item), depth);
+  Note("OnItemSelectionChanged " + NameOf(*view, item));
 }
 
 void DemoClient::OnEndSelectionChange(IQVLTreeView*) {
   --depth;
-  log.Add("OnEndSelectionChange", depth);
+  Note("OnEndSelectionChange");
 }
 
 void DemoClient::OnColumnClick(IQVLTreeView*, int column) {
-  log.Add("OnColumnClick " + std::to_string(column));
+  Note("OnColumnClick " + std::to_string(column));
   if (desk) desk->SortBy(static_cast<Column>(column));
 }
 
 void DemoClient::OnItemExpanded(IQVLTreeView* view, ItemHandle item) {
   const bool expanded = view->IsItemExpanded(item);
-  log.Add("OnItemExpanded " + NameOf(*view, item) + (expanded ? " open" : " closed"));
+  Note("OnItemExpanded " + NameOf(*view, item) + (expanded ? " open" : " closed"));
 }
 
 }  // namespace demo

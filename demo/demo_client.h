@@ -48,8 +48,7 @@ class DemoClient final : public IQVLTreeViewClient {
                     std::uint32_t hitFlags) override;
   bool OnBeginDrag(IQVLTreeView* view, ItemHandleList* items, FileNameList* files) override;
   bool OnCreateColumns(IQVLTreeView* view, HWND listWindow, RECT* clientRect) override;
-  bool OnShellContextMenu(IQVLTreeView* view, ItemHandleList* items,
-                          FileNameList* files) override;
+  bool OnShellContextMenu(IQVLTreeView* view, ItemHandleList* items, FileNameList* files) override;
   bool OnLabelEdit(IQVLTreeView* view, NMHDR* record, std::uint32_t code) override;
   void OnBeginSelectionChange(IQVLTreeView* view) override;
   void OnItemSelectionChanged(IQVLTreeView* view, ItemHandle item) override;
@@ -58,6 +57,7 @@ class DemoClient final : public IQVLTreeViewClient {
   void OnItemExpanded(IQVLTreeView* view, ItemHandle item) override;
 
  private:
+  void Note(const std::string& call);
   std::string NameOf(IQVLTreeView& view, ItemHandle item) const;
   bool CollectFiles(IQVLTreeView& view, const ItemHandleList& items, FileNameList& files,
                     std::string call);

@@ -31,9 +31,9 @@ enum class Column { Name = 0, Size = 1, Modified = 2 };
 class DirectoryModel {
  public:
   struct Limits {
-    std::vector<std::string> skip;     // names passed over
-    std::size_t entries = 200'000;     // reading stops here
-    int depth = 32;                    // a link that leads back up can't be told from a folder
+    std::vector<std::string> skip;  // names passed over
+    std::size_t entries = 200'000;  // reading stops here
+    int depth = 32;                 // a link that leads back up can't be told from a folder
   };
   using Progress = std::function<void(std::size_t entriesRead)>;
 

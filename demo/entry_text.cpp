@@ -16,8 +16,8 @@ WideText SizeText(const Entry& entry) {
 
 WideText TimeText(const Entry& entry) {
   if (entry.modified == std::filesystem::file_time_type{}) return {};
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(
-      std::chrono::file_clock::to_sys(entry.modified));
+  const auto seconds =
+      std::chrono::floor<std::chrono::seconds>(std::chrono::file_clock::to_sys(entry.modified));
   const std::time_t time = std::chrono::system_clock::to_time_t(seconds);
   const std::tm* local = std::localtime(&time);
   if (local == nullptr) return {};

@@ -100,14 +100,6 @@ void FillView(IQVLTreeView& view, const DirectoryModel& model, const FillSteps& 
   Filler(view, model, steps).Run();
 }
 
-void KeepTicks(IQVLTreeView& view, DirectoryModel& model) {
-  ItemHandleList items;
-  view.GetItems(&items, false);
-  for (const ItemHandle item : items) {
-    if (const auto entry = EntryOf(view, item)) model.At(*entry).ticked = view.IsItemChecked(item);
-  }
-}
-
 void TickFirstFiles(DirectoryModel& model, int count) {
   for (const std::size_t child : model.At(0).children) {
     Entry& entry = model.At(child);

@@ -1,4 +1,4 @@
-// Puts a directory's model into a view, and takes what the user ticked back out.
+// Puts a directory's model into a view.
 #ifndef DEMO_VIEW_FILLER_H
 #define DEMO_VIEW_FILLER_H
 
@@ -12,8 +12,8 @@ namespace demo {
 // How the demo makes its views; labels that can be edited come on top of this.
 constexpr std::uint32_t TREE_STYLE = QVLS_SHOWSELALWAYS | QVLS_CHECKBOXES | QVLS_HASBUTTONS |
                                      QVLS_HASLINES | QVLS_LINESATROOT | QVLS_INFOTIP;
-constexpr std::uint32_t LIST_STYLE = QVLS_LISTVIEW | QVLS_SHOWSELALWAYS | QVLS_CHECKBOXES |
-                                     QVLS_INFOTIP | QVLS_SORTHEADER;
+constexpr std::uint32_t LIST_STYLE =
+    QVLS_LISTVIEW | QVLS_SHOWSELALWAYS | QVLS_CHECKBOXES | QVLS_INFOTIP | QVLS_SORTHEADER;
 
 // Nothing is painted between construction and end; then all is, once.
 class RedrawPause {
@@ -29,16 +29,13 @@ class RedrawPause {
 };
 
 struct FillSteps {
-  std::function<void(std::size_t done)> progress;                        // may be empty
-  std::function<void(ItemHandle item, const Entry& entry)> decorate;     // may be empty
+  std::function<void(std::size_t done)> progress;                     // may be empty
+  std::function<void(ItemHandle item, const Entry& entry)> decorate;  // may be empty
 };
 
 // Empties the view and fills it with all entries that were not removed. A tree shows its root
 // expanded; in a list the rows below a directory follow it, indented.
 void FillView(IQVLTreeView& view, const DirectoryModel& model, const FillSteps& steps);
-
-// Notes in the model which boxes are ticked.
-void KeepTicks(IQVLTreeView& view, DirectoryModel& model);
 
 // Ticks the first files of the directory.
 void TickFirstFiles(DirectoryModel& model, int count);

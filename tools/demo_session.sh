@@ -12,7 +12,7 @@ session_demo_pid=
 session_syncs=0
 session_pictures=0
 session_mark=0
-session_limit=30  # seconds until an answer that does not come counts as a failure
+session_limit=${session_limit:-60}  # seconds until an answer that does not come counts as a failure
 
 rm -rf "$session_folder"
 mkdir -p "$session_folder"

@@ -83,12 +83,12 @@ std::uint32_t BrowserView::Style(bool asList) const {
 
 bool BrowserView::Open(HWND parent, bool asList, const RECT& area, const Progress& progress) {
   if (!view) return false;
-  if (view->GetControlWindow() != nullptr) KeepTicks(*view, model);
+  if (view->GetControlWindow() != nullptr) KeepTicks();
   view->SetClient(&client);
-  const HWND control = view->Create(
-      parent, VIEW_ID, static_cast<int>(area.left), static_cast<int>(area.top),
-      static_cast<int>(area.right - area.left), static_cast<int>(area.bottom - area.top),
-      Style(asList), nullptr);
+  const HWND control =
+      view->Create(parent, VIEW_ID, static_cast<int>(area.left), static_cast<int>(area.top),
+                   static_cast<int>(area.right - area.left),
+                   static_cast<int>(area.bottom - area.top), Style(asList), nullptr);
   if (control == nullptr) return false;
   UseMessageFont(control);
   if (!asList) SendMessageW(control, TVM_SETITEMHEIGHT, static_cast<WPARAM>(LineHeight() + 6), 0);
@@ -106,6 +106,32 @@ void BrowserView::Move(const RECT& area) {
   view->Move(static_cast<int>(area.left), static_cast<int>(area.top),
              static_cast<int>(area.right - area.left), static_cast<int>(area.bottom - area.top));
   view->Redraw();
+}
+
+// Notes in the model which boxes are ticked, before the view is filled anew.
+void BrowserView::KeepTicks() {
+  for (const ItemHandle item : ItemsEverShown()) {
+    if (const auto entry = EntryOf(*view, item)) {
+      model.At(*entry).ticked = view->IsItemChecked(item);
+    }
+  }
+}
+
+// The items whose boxes the user can have clicked. Large trees are mostly never opened, and to ask
+// for an item costs the control more the further down it is.
+ItemHandleList BrowserView::ItemsEverShown() {
+  ItemHandleList items;
+  view->GetItems(&items, true);
+  if (IsList()) return items;
+  items.resize(std::min<std::size_t>(items.size(), 1));
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    const LRESULT state = SendMessageW(view->GetControlWindow(), TVM_GETITEMSTATE,
+                                       static_cast<WPARAM>(items[i]), TVIS_EXPANDEDONCE);
+    if ((state & TVIS_EXPANDEDONCE) == 0) continue;
+    ItemHandle child = view->GetFirstChildItem(items[i]);
+    for (; child != 0; child = view->GetNextSiblingItem(child)) items.push_back(child);
+  }
+  return items;
 }
 
 void BrowserView::Fill(const Progress& progress) {
@@ -139,7 +165,7 @@ void BrowserView::ShowFolderIcon(ItemHandle item) {
 void BrowserView::SortBy(Column column, const Progress& progress) {
   descending = column == sortedBy && !descending;
   sortedBy = column;
-  KeepTicks(*view, model);
+  KeepTicks();
   model.Sort(sortedBy, descending);
   Fill(progress);
 }

@@ -60,6 +60,8 @@ class BrowserView {
   };
 
   std::uint32_t Style(bool asList) const;
+  void KeepTicks();
+  ItemHandleList ItemsEverShown();
   void Fill(const Progress& progress);
   void ShowFolderIcon(ItemHandle item);
   void ApplyColours();

@@ -32,9 +32,9 @@ constexpr std::array<ACCEL, 10> KEYS{{
 }};
 
 HWND MakeLabel(HWND parent, const wchar_t* text) {
-  const HWND label = CreateWindowExW(0, L"STATIC", text,
-                                     WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 0,
-                                     0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+  const HWND label =
+      CreateWindowExW(0, L"STATIC", text, WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_ENDELLIPSIS, 0,
+                      0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
   UseMessageFont(label);
   return label;
 }
@@ -118,9 +118,8 @@ LRESULT BrowserWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
     case SORT_LIST: {
       ProgressWindow progress(Window());
       const std::size_t total = model.Size();
-      browser.SortBy(static_cast<Column>(wParam), [&](std::size_t done) {
-        progress.Report(L"Sorting: ", done, total);
-      });
+      browser.SortBy(static_cast<Column>(wParam),
+                     [&](std::size_t done) { progress.Report(L"Sorting: ", done, total); });
       return 0;
     }
     case WM_DESTROY:
@@ -169,16 +168,36 @@ void BrowserWindow::Arrange() {
 void BrowserWindow::Run(Command command) {
   IQVLTreeView& view = browser.View();
   switch (command) {
-    case Command::ExpandAll: view.ExpandAll(); break;
-    case Command::CollapseAll: view.CollapseAll(); break;
-    case Command::TickAll: view.CheckAll(); break;
-    case Command::UntickAll: view.UncheckAll(); break;
-    case Command::SelectAll: view.SelectAll(); break;
-    case Command::InvertSelection: view.InvertSelection(); break;
-    case Command::Remove: browser.RemoveSelected(); break;
-    case Command::Rename: browser.BeginRename(); return;
-    case Command::Colours: browser.NextColours(); break;
-    case Command::Switch: OpenView(!browser.IsList()); break;
+    case Command::ExpandAll:
+      view.ExpandAll();
+      break;
+    case Command::CollapseAll:
+      view.CollapseAll();
+      break;
+    case Command::TickAll:
+      view.CheckAll();
+      break;
+    case Command::UntickAll:
+      view.UncheckAll();
+      break;
+    case Command::SelectAll:
+      view.SelectAll();
+      break;
+    case Command::InvertSelection:
+      view.InvertSelection();
+      break;
+    case Command::Remove:
+      browser.RemoveSelected();
+      break;
+    case Command::Rename:
+      browser.BeginRename();
+      return;
+    case Command::Colours:
+      browser.NextColours();
+      break;
+    case Command::Switch:
+      OpenView(!browser.IsList());
+      break;
   }
   SetFocus(view.GetControlWindow());
 }

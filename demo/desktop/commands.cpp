@@ -73,7 +73,7 @@ const Commands::Named Commands::NAMED[] = {
     {"dropped", &Commands::AnswerDropped},
     {"clipboard", &Commands::AnswerClipboard},
     {"empty-clipboard", &Commands::AnswerEmptyClipboard},
-    {"frame", &Commands::AnswerFrame},
+    {"client", &Commands::AnswerClient},
     {"editing", &Commands::AnswerEditing},
     {"quit", &Commands::AnswerQuit},
 };
@@ -242,7 +242,9 @@ void Commands::AnswerSync(const std::string& argument) {
 
 // Timers come after all painting, and once the thread has been idle what was painted is on the
 // screen.
-void Commands::AnswerIdle(const std::string&) { SetTimer(Window(), IDLE_TIMER, IDLE_TIME, nullptr); }
+void Commands::AnswerIdle(const std::string&) {
+  SetTimer(Window(), IDLE_TIMER, IDLE_TIME, nullptr);
+}
 
 void Commands::AnswerMenu(const std::string&) {
   const auto lines = OpenMenu();
@@ -256,20 +258,20 @@ void Commands::AnswerMenu(const std::string&) {
 
 void Commands::AnswerDropped(const std::string&) { PrintNames(browser.Drops().Dropped()); }
 
-void Commands::AnswerClipboard(const std::string&) {
-  PrintNames(ClipboardFiles(browser.Window()));
-}
+void Commands::AnswerClipboard(const std::string&) { PrintNames(ClipboardFiles(browser.Window())); }
 
 void Commands::AnswerEmptyClipboard(const std::string&) {
   const bool emptied = EmptyTheClipboard(browser.Window());
   Finish(emptied ? "ok" : "error: the clipboard is in use");
 }
 
-void Commands::AnswerFrame(const std::string&) {
+void Commands::AnswerClient(const std::string&) {
   RECT area{};
-  GetWindowRect(browser.Window(), &area);
-  Print(std::to_string(area.left) + " " + std::to_string(area.top) + " " +
-        std::to_string(area.right - area.left) + " " + std::to_string(area.bottom - area.top));
+  GetClientRect(browser.Window(), &area);
+  POINT corner{0, 0};
+  ClientToScreen(browser.Window(), &corner);
+  Print(std::to_string(corner.x) + " " + std::to_string(corner.y) + " " +
+        std::to_string(area.right) + " " + std::to_string(area.bottom));
   Finish("ok");
 }
 

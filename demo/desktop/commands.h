@@ -50,7 +50,7 @@ class Commands final : public WindowBase {
   void AnswerDropped(const std::string& argument);
   void AnswerClipboard(const std::string& argument);
   void AnswerEmptyClipboard(const std::string& argument);
-  void AnswerFrame(const std::string& argument);
+  void AnswerClient(const std::string& argument);
   void AnswerEditing(const std::string& argument);
   void AnswerQuit(const std::string& argument);
 

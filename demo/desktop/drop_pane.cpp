@@ -47,8 +47,8 @@ bool DropPane::Create(HWND parent) {
   plan.parent = parent;
   if (!CreateFrom(plan)) return false;
   const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL;
-  names = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"", style, 0, 0, 0, 0,
-                          Window(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  names = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"", style, 0, 0, 0, 0, Window(), nullptr,
+                          GetModuleHandleW(nullptr), nullptr);
   UseMessageFont(names);
   registered = SUCCEEDED(RegisterDragDrop(Window(), this));
   return registered && names != nullptr;

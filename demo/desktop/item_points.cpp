@@ -58,8 +58,7 @@ std::optional<POINT> PointOnItem(IQVLTreeView& view, ItemHandle item, std::uint3
 std::optional<POINT> PointOnNothing(IQVLTreeView& view) {
   RECT client{};
   GetClientRect(view.GetControlWindow(), &client);
-  const POINT corner =
-      OnScreen(view.GetControlWindow(), {client.right - 12, client.bottom - 12});
+  const POINT corner = OnScreen(view.GetControlWindow(), {client.right - 12, client.bottom - 12});
   if (view.HitTest(&corner, false, nullptr) != -1) return std::nullopt;
   return corner;
 }

@@ -26,8 +26,7 @@ void ProgressWindow::Report(const wchar_t* work, std::size_t done, std::size_t t
   SetWindowTextW(label, text.c_str());
   SendMessageW(bar, PBM_SETRANGE32, 0, static_cast<LPARAM>(total));
   SendMessageW(bar, PBM_SETPOS, total > 0 ? done : 0, 0);
-  RedrawWindow(Window(), nullptr, nullptr,
-               RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void ProgressWindow::Open() {
@@ -45,8 +44,8 @@ void ProgressWindow::Open() {
                           WIDTH - 3 * MARGIN, LineHeight(), window, nullptr, module, nullptr);
   UseMessageFont(label);
   bar = CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD | WS_VISIBLE, MARGIN,
-                        MARGIN + LineHeight() + 8, WIDTH - 3 * MARGIN, 18, window, nullptr,
-                        module, nullptr);
+                        MARGIN + LineHeight() + 8, WIDTH - 3 * MARGIN, 18, window, nullptr, module,
+                        nullptr);
   const int left = (GetSystemMetrics(SM_CXSCREEN) - plan.width) / 2;
   const int top = (GetSystemMetrics(SM_CYSCREEN) - plan.height) / 3;
   SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_SHOWWINDOW);
