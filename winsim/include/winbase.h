@@ -131,7 +131,7 @@ WINSIM_API void WINAPI Sleep(DWORD milliseconds);
 WINSIM_API int WINAPI lstrlenW(LPCWSTR text);
 
 WINSIM_API void __cdecl _wsplitpath(const WCHAR* path, WCHAR* drive, WCHAR* directory, WCHAR* name,
-                            WCHAR* extension);
+                                    WCHAR* extension);
 
 #define GetModuleHandle GetModuleHandleW
 #define GetModuleHandleEx GetModuleHandleExW

@@ -143,15 +143,15 @@ inline bool operator!=(REFGUID a, REFGUID b) { return !IsEqualGUID(a, b); }
 
 #define MAKEWORD(low, high) \
   (static_cast<WORD>(static_cast<BYTE>(low) | (static_cast<WORD>(static_cast<BYTE>(high)) << 8)))
-#define MAKELONG(low, high)                                     \
+#define MAKELONG(low, high)                                       \
   (static_cast<LONG>(static_cast<DWORD>(static_cast<WORD>(low)) | \
                      (static_cast<DWORD>(static_cast<WORD>(high)) << 16)))
 #define MAKEWPARAM(low, high) (static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
 #define MAKELPARAM(low, high) (static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
 #define MAKELRESULT(low, high) (static_cast<LRESULT>(static_cast<DWORD>(MAKELONG(low, high))))
-#define LOWORD(value) (static_cast<WORD>((DWORD_PTR)(value) & 0xffff))
+#define LOWORD(value) (static_cast<WORD>((DWORD_PTR)(value)&0xffff))
 #define HIWORD(value) (static_cast<WORD>(((DWORD_PTR)(value) >> 16) & 0xffff))
-#define LOBYTE(value) (static_cast<BYTE>((DWORD_PTR)(value) & 0xff))
+#define LOBYTE(value) (static_cast<BYTE>((DWORD_PTR)(value)&0xff))
 #define HIBYTE(value) (static_cast<BYTE>(((DWORD_PTR)(value) >> 8) & 0xff))
 
 #ifdef UNICODE
@@ -161,9 +161,9 @@ inline bool operator!=(REFGUID a, REFGUID b) { return !IsEqualGUID(a, b); }
 #endif
 #define OLESTR(quote) u##quote
 
-#define RGB(r, g, b)                                                       \
-  (static_cast<COLORREF>(static_cast<BYTE>(r)) |                           \
-   (static_cast<COLORREF>(static_cast<BYTE>(g)) << 8) |                    \
+#define RGB(r, g, b)                                    \
+  (static_cast<COLORREF>(static_cast<BYTE>(r)) |        \
+   (static_cast<COLORREF>(static_cast<BYTE>(g)) << 8) | \
    (static_cast<COLORREF>(static_cast<BYTE>(b)) << 16))
 #define GetRValue(rgb) (static_cast<BYTE>(rgb))
 #define GetGValue(rgb) (static_cast<BYTE>((rgb) >> 8))

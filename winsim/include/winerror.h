@@ -63,10 +63,10 @@
 #define DRAGDROP_S_USEDEFAULTCURSORS WINSIM_HRESULT(0x00040102)
 #define DATA_S_SAMEFORMATETC WINSIM_HRESULT(0x00040130)
 
-#define MAKE_HRESULT(severity, facility, code)                                       \
-  WINSIM_HRESULT((static_cast<ULONG>(severity) << 31) |                              \
-                 (static_cast<ULONG>(facility) << 16) | static_cast<ULONG>(code))
-#define HRESULT_CODE(result) ((result) & 0xFFFF)
-#define HRESULT_FROM_WIN32(error)                                       \
-  WINSIM_HRESULT((error) <= 0 ? static_cast<ULONG>(error)               \
+#define MAKE_HRESULT(severity, facility, code)                                                 \
+  WINSIM_HRESULT((static_cast<ULONG>(severity) << 31) | (static_cast<ULONG>(facility) << 16) | \
+                 static_cast<ULONG>(code))
+#define HRESULT_CODE(result) ((result)&0xFFFF)
+#define HRESULT_FROM_WIN32(error)                         \
+  WINSIM_HRESULT((error) <= 0 ? static_cast<ULONG>(error) \
                               : ((static_cast<ULONG>(error) & 0xFFFF) | 0x80070000))

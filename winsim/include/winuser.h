@@ -3,7 +3,8 @@
 
 #include "wingdi.h"
 
-#define MAKEINTRESOURCEW(id) (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
+#define MAKEINTRESOURCEW(id) \
+  (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
 #define MAKEINTRESOURCE MAKEINTRESOURCEW
 #define IS_INTRESOURCE(text) ((reinterpret_cast<ULONG_PTR>(text) >> 16) == 0)
 #define IDC_ARROW MAKEINTRESOURCEW(32512)
@@ -408,6 +409,7 @@ WINSIM_API BOOL WINAPI GetWindowRect(HWND window, LPRECT rect);
 WINSIM_API BOOL WINAPI GetClientRect(HWND window, LPRECT rect);
 WINSIM_API BOOL WINAPI ClientToScreen(HWND window, LPPOINT point);
 WINSIM_API BOOL WINAPI ScreenToClient(HWND window, LPPOINT point);
+WINSIM_API int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count);
 WINSIM_API int WINAPI GetWindowTextW(HWND window, LPWSTR text, int size);
 WINSIM_API int WINAPI GetWindowTextLengthW(HWND window);
 WINSIM_API BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text);
@@ -462,12 +464,13 @@ WINSIM_API HMENU WINAPI CreatePopupMenu();
 WINSIM_API BOOL WINAPI DestroyMenu(HMENU menu);
 WINSIM_API BOOL WINAPI IsMenu(HMENU menu);
 WINSIM_API BOOL WINAPI AppendMenuW(HMENU menu, UINT flags, UINT_PTR id, LPCWSTR text);
-WINSIM_API BOOL WINAPI InsertMenuW(HMENU menu, UINT position, UINT flags, UINT_PTR id, LPCWSTR text);
+WINSIM_API BOOL WINAPI InsertMenuW(HMENU menu, UINT position, UINT flags, UINT_PTR id,
+                                   LPCWSTR text);
 WINSIM_API int WINAPI GetMenuItemCount(HMENU menu);
 WINSIM_API UINT WINAPI GetMenuItemID(HMENU menu, int position);
 WINSIM_API int WINAPI GetMenuStringW(HMENU menu, UINT item, LPWSTR text, int size, UINT flags);
-WINSIM_API BOOL WINAPI TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved, HWND owner,
-                                      const RECT* rect);
+WINSIM_API BOOL WINAPI TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved,
+                                      HWND owner, const RECT* rect);
 WINSIM_API BOOL WINAPI EndMenu();
 
 WINSIM_API HCURSOR WINAPI LoadCursorW(HINSTANCE module, LPCWSTR name);
@@ -483,7 +486,7 @@ WINSIM_API DWORD WINAPI GetGuiResources(HANDLE process, DWORD flags);
 #define RegisterClass RegisterClassW
 #define RegisterClassEx RegisterClassExW
 #define CreateWindowEx CreateWindowExW
-#define CreateWindowW(name, title, style, x, y, width, height, parent, menu, module, parameter)  \
+#define CreateWindowW(name, title, style, x, y, width, height, parent, menu, module, parameter) \
   CreateWindowExW(0, name, title, style, x, y, width, height, parent, menu, module, parameter)
 #define DefWindowProc DefWindowProcW
 #define CallWindowProc CallWindowProcW

@@ -18,8 +18,7 @@ ATOM NextAtom() {
 }
 
 char16_t Lower(char16_t character) {
-  return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character + 32)
-                                                : character;
+  return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character + 32) : character;
 }
 
 bool SameName(const std::u16string& a, LPCWSTR b) {

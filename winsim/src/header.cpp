@@ -65,8 +65,9 @@ HWND MakeHeader(HWND list, bool visible) {
   constexpr int kHeight = 17;
   RECT client = {};
   GetClientRect(list, &client);
-  return CreateWindowExW(WS_EX_NOPARENTNOTIFY, WC_HEADERW, nullptr, WS_CHILD | (visible ? WS_VISIBLE : 0), 0, 0,
-                         client.right, visible ? kHeight : 0, list, nullptr, nullptr, nullptr);
+  return CreateWindowExW(WS_EX_NOPARENTNOTIFY, WC_HEADERW, nullptr,
+                         WS_CHILD | (visible ? WS_VISIBLE : 0), 0, 0, client.right,
+                         visible ? kHeight : 0, list, nullptr, nullptr, nullptr);
 }
 
 }  // namespace winsim

@@ -53,9 +53,8 @@ HIMAGELIST MakePermanentList(int width, int height) {
 }
 
 int CountImageLists() {
-  return static_cast<int>(std::count_if(Lists().begin(), Lists().end(), [](const auto& entry) {
-    return !entry.second->permanent;
-  }));
+  return static_cast<int>(std::count_if(
+      Lists().begin(), Lists().end(), [](const auto& entry) { return !entry.second->permanent; }));
 }
 
 }  // namespace winsim

@@ -120,8 +120,8 @@ class ListControl : public Control, public LabelEditOwner {
   int top_ = 0;
   int scrollX_ = 0;
   bool barsStale_ = true;
-  bool pressed_ = false;    // the left button is down and no drag has begun
-  int pressedRow_ = -1;     // selected already when it was pressed, -1 for none
+  bool pressed_ = false;  // the left button is down and no drag has begun
+  int pressedRow_ = -1;   // selected already when it was pressed, -1 for none
   POINT pressPoint_ = {};
   HIMAGELIST smallImages_ = nullptr;
   HIMAGELIST stateImages_ = nullptr;

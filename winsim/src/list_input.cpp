@@ -18,9 +18,7 @@ LVHITTESTINFO HitInfo(LPARAM lParam) {
 
 bool IsDown(int key) { return GetKeyState(key) < 0; }
 
-char16_t Lower(char16_t c) {
-  return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
-}
+char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
 
 }  // namespace
 
@@ -200,8 +198,8 @@ LRESULT ListControl::KeyDown(WPARAM key) {
       MoveByKey(focus_ > top_ ? top_ : std::max(focus_ - page + 1, 0));
       return 0;
     case VK_NEXT:
-      MoveByKey(std::min(focus_ == top_ + page - 1 ? focus_ + page - 1 : top_ + page - 1,
-                         Count() - 1));
+      MoveByKey(
+          std::min(focus_ == top_ + page - 1 ? focus_ + page - 1 : top_ + page - 1, Count() - 1));
       return 0;
     default:
       return 0;

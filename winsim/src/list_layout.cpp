@@ -29,9 +29,7 @@ int ListControl::RowHeight() const {
   return std::max(kTextHeight, static_cast<int>(std::max(icon, box)) + 1);
 }
 
-int ListControl::HeaderHeight() const {
-  return (Style() & LVS_NOCOLUMNHEADER) ? 0 : kHeaderHeight;
-}
+int ListControl::HeaderHeight() const { return (Style() & LVS_NOCOLUMNHEADER) ? 0 : kHeaderHeight; }
 
 int ListControl::IconWidth() const { return static_cast<int>(SizeOf(smallImages_).cx); }
 
@@ -180,7 +178,8 @@ bool ListControl::ItemRect(int row, RECT* rect) {
   const int columnEnd = (columns_.empty() ? 0 : columns_.front()) - scrollX_;
   switch (rect->left) {
     case LVIR_ICON:
-      *rect = {icon, top, text, top + (smallImages_ ? static_cast<int>(SizeOf(smallImages_).cy) : 16)};
+      *rect = {icon, top, text,
+               top + (smallImages_ ? static_cast<int>(SizeOf(smallImages_).cy) : 16)};
       return true;
     case LVIR_LABEL:
       *rect = {text, top, columnEnd, top + height};

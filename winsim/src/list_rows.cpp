@@ -85,7 +85,8 @@ bool ListControl::SetItem(const LVITEMW& values) {
   const UINT changed = Differences(Row(row), values);
   const bool hasState = (values.mask & LVIF_STATE) != 0;
   const UINT before = hasState ? Row(row).state : 0;
-  const UINT after = hasState ? (before & ~values.stateMask) | (values.state & values.stateMask) : 0;
+  const UINT after =
+      hasState ? (before & ~values.stateMask) | (values.state & values.stateMask) : 0;
   if (NotifyRow(LVN_ITEMCHANGING, row, after, before, changed ? changed : values.mask) || Gone() ||
       !IsRow(row)) {
     return false;

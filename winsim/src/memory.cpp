@@ -73,8 +73,8 @@ int CountTaskBlocks() { return static_cast<int>(TaskBlocks().size()); }
 using namespace winsim;
 
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T bytes) {
-  void* block = (flags & GMEM_ZEROINIT) ? std::calloc(1, bytes ? bytes : 1)
-                                        : std::malloc(bytes ? bytes : 1);
+  void* block =
+      (flags & GMEM_ZEROINIT) ? std::calloc(1, bytes ? bytes : 1) : std::malloc(bytes ? bytes : 1);
   if (!block) {
     SetLastError(ERROR_NOT_ENOUGH_MEMORY);
     return nullptr;

@@ -22,7 +22,8 @@ int quitCode = 0;
 
 bool Matches(const MSG& message, HWND window, UINT first, UINT last) {
   const bool ofWindow = !window || message.hwnd == window || IsChild(window, message.hwnd);
-  const bool inRange = (first == 0 && last == 0) || (message.message >= first && message.message <= last);
+  const bool inRange =
+      (first == 0 && last == 0) || (message.message >= first && message.message <= last);
   return ofWindow && inRange;
 }
 

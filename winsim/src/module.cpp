@@ -91,8 +91,8 @@ HMODULE WINAPI GetModuleHandleW(LPCWSTR name) {
 }
 
 BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR name, HMODULE* module) {
-  *module = (flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) ? ModuleAt(name)
-                                                             : GetModuleHandleW(name);
+  *module =
+      (flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) ? ModuleAt(name) : GetModuleHandleW(name);
   if (!*module) {
     SetLastError(ERROR_MOD_NOT_FOUND);
   }

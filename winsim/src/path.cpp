@@ -14,8 +14,7 @@ void Give(std::u16string_view part, WCHAR* target) {
 }  // namespace
 
 // The parts are given whole; the caller's buffers are large enough by contract.
-void _wsplitpath(const WCHAR* path, WCHAR* drive, WCHAR* directory, WCHAR* name,
-                 WCHAR* extension) {
+void _wsplitpath(const WCHAR* path, WCHAR* drive, WCHAR* directory, WCHAR* name, WCHAR* extension) {
   std::u16string_view rest(path);
   const std::size_t driveLength = rest.size() >= 2 && rest[1] == u':' ? 2 : 0;
   Give(rest.substr(0, driveLength), drive);

@@ -93,6 +93,22 @@ BOOL WINAPI ScreenToClient(HWND handle, LPPOINT point) {
   return TRUE;
 }
 
+// A null window stands for the screen.
+int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count) {
+  POINT shift = {};
+  if (from) {
+    ClientToScreen(from, &shift);
+  }
+  if (to) {
+    ScreenToClient(to, &shift);
+  }
+  for (UINT i = 0; i < count; ++i) {
+    points[i].x += shift.x;
+    points[i].y += shift.y;
+  }
+  return static_cast<int>(MAKELONG(shift.x, shift.y));
+}
+
 BOOL WINAPI MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) {
   return SetWindowPos(handle, nullptr, x, y, width, height,
                       SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0U : SWP_NOREDRAW));

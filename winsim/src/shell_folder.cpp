@@ -80,8 +80,8 @@ class Folder final : public IShellFolder {
     return left;
   }
 
-  HRESULT STDMETHODCALLTYPE ParseDisplayName(HWND, IBindCtx*, LPWSTR name, ULONG*,
-                                             ITEMIDLIST** id, ULONG*) override {
+  HRESULT STDMETHODCALLTYPE ParseDisplayName(HWND, IBindCtx*, LPWSTR name, ULONG*, ITEMIDLIST** id,
+                                             ULONG*) override {
     *id = nullptr;
     const Path parts = SplitPath(name ? name : u"");
     if (parts.empty() || !ShellFileExists(name)) {
@@ -102,9 +102,7 @@ class Folder final : public IShellFolder {
     return S_OK;
   }
 
-  HRESULT STDMETHODCALLTYPE EnumObjects(HWND, SHCONTF, IEnumIDList**) override {
-    return E_NOTIMPL;
-  }
+  HRESULT STDMETHODCALLTYPE EnumObjects(HWND, SHCONTF, IEnumIDList**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE BindToObject(PCUIDLIST_RELATIVE, IBindCtx*, REFIID, void**) override {
     return E_NOTIMPL;
   }

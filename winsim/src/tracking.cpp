@@ -12,8 +12,8 @@ bool WaitForDrag(HWND window, POINT start, UINT buttonUp) {
     }
     const int x = static_cast<short>(LOWORD(message.lParam));
     const int y = static_cast<short>(HIWORD(message.lParam));
-    const bool near = x >= start.x - farX && x < start.x + farX && y >= start.y - farY &&
-                      y < start.y + farY;
+    const bool near =
+        x >= start.x - farX && x < start.x + farX && y >= start.y - farY && y < start.y + farY;
     if (message.message == WM_MOUSEMOVE && !near) {
       return true;
     }

@@ -7,7 +7,6 @@
 #include "image_list.h"
 #include "tool_tip.h"
 
-
 namespace winsim {
 namespace {
 
@@ -70,7 +69,7 @@ LRESULT TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return BeginLabelEdit(ToItem(lParam));
     case TVM_ENDEDITLABELNOW: {
       const bool editing = edit_ != nullptr;
-      EndLabelEdit(wParam != 0);
+      EndLabelEditNow(wParam != 0);
       return editing;
     }
     case TVM_GETEDITCONTROL:

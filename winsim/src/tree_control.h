@@ -114,6 +114,8 @@ class TreeControl : public Control, public LabelEditOwner {
   // tree_edit.cpp
   LRESULT BeginLabelEdit(HTREEITEM handle);
   bool AskLabelEdit(UINT code, HTREEITEM handle, LPWSTR text, UINT mask);
+  void TellLabelEditEnd(bool withText);
+  void EndLabelEditNow(bool cancel);
   void CloseLabelEdit();
 
   HWND window_;

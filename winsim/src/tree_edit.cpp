@@ -39,34 +39,43 @@ bool TreeControl::AskLabelEdit(UINT code, HTREEITEM handle, LPWSTR text, UINT ma
   return Notify(window_, code, &record.hdr) != 0;
 }
 
-// A cancelled edit is told of without a text. The field then loses the focus, which is one more end
-// of the edit, now with the text: the parent hears of both, as on the platform.
+// A cancelled edit is told of without a text.
+void TreeControl::TellLabelEditEnd(bool withText) {
+  std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(edit_)), u'\0');
+  GetWindowTextW(edit_, text.data(), static_cast<int>(text.size()) + 1);
+  LPWSTR pointer = withText ? text.data() : nullptr;
+  const UINT mask = withText ? TVIF_TEXT : 0;
+  const bool accepted = AskLabelEdit(TVN_ENDLABELEDITW, edited_, pointer, mask);
+  TreeItem* item = Gone() ? nullptr : Find(edited_);
+  if (accepted && withText && item) {
+    item->text = text;
+    rowsStale_ = barsStale_ = true;
+  }
+}
+
 void TreeControl::EndLabelEdit(bool cancel) {
   if (!edit_) {
     return;
   }
-  const auto tell = [this](bool withText) {
-    std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(edit_)), u'\0');
-    GetWindowTextW(edit_, text.data(), static_cast<int>(text.size()) + 1);
-    LPWSTR pointer = withText ? text.data() : nullptr;
-    const UINT mask = withText ? TVIF_TEXT : 0;
-    const bool accepted = AskLabelEdit(TVN_ENDLABELEDITW, edited_, pointer, mask);
-    TreeItem* item = Gone() ? nullptr : Find(edited_);
-    if (accepted && withText && item) {
-      item->text = text;
-      rowsStale_ = barsStale_ = true;
-    }
-  };
   const bool hadFocus = GetFocus() == edit_;
-  tell(!cancel);
-  if (hadFocus && !Gone() && edit_) {
-    tell(true);
-  }
+  TellLabelEditEnd(!cancel);
   if (!Gone()) {
     CloseLabelEdit();
     if (hadFocus && !Gone()) {
       SetFocus(window_);
     }
+  }
+}
+
+// Ended by message, the field loses the focus afterwards, which is one more end of the edit, now
+// with the text: the parent hears of both, as on the platform.
+void TreeControl::EndLabelEditNow(bool cancel) {
+  if (edit_ && GetFocus() == edit_) {
+    TellLabelEditEnd(!cancel);
+    cancel = false;
+  }
+  if (!Gone()) {
+    EndLabelEdit(cancel);
   }
 }
 

@@ -153,7 +153,7 @@ LRESULT TreeControl::Delete(HTREEITEM handle) {
   HTREEITEM successor = nullptr;
   const bool movesCaret = caret && IsInBranch(caret, item);
   if (movesCaret) {
-    successor = HandleOf(item->next        ? item->next
+    successor = HandleOf(item->next               ? item->next
                          : item->parent != &root_ ? item->parent
                                                   : item->previous);
   }

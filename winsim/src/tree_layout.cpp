@@ -282,8 +282,7 @@ LRESULT TreeControl::ItemRect(bool textOnly, RECT* rect) {
   *rect = {0, top, client.right, top + rowHeight_ - 1};
   if (textOnly) {
     rect->left = TextLeft(*item) - scrollX_;
-    rect->right = rect->left + kTextMargin +
-                  TextWidth(item->text, (item->state & TVIS_BOLD) != 0);
+    rect->right = rect->left + kTextMargin + TextWidth(item->text, (item->state & TVIS_BOLD) != 0);
   }
   return TRUE;
 }

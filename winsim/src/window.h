@@ -50,7 +50,7 @@ struct Window {
   LONG_PTR id = 0;
   LONG_PTR userData = 0;
   std::u16string text;
-  RECT rect = {};  // in the parent's client area, or on the screen
+  RECT rect = {};              // in the parent's client area, or on the screen
   bool hasScrollBars = false;  // set once a bar was given a value
   ScrollBar bars[2];
   bool invalid = false;
