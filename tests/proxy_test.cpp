@@ -100,9 +100,18 @@ HWND WINAPI CreateUnlessItFails(DWORD exStyle, LPCWSTR className, LPCWSTR title,
                          instance, parameter);
 }
 
+// Has a window report an expansion before it goes.
+BOOL WINAPI ReportThenDestroy(HWND window) {
+  NMTREEVIEWW record = {};
+  record.hdr = {window, static_cast<UINT_PTR>(GetDlgCtrlID(window)),
+                static_cast<UINT>(TVN_ITEMEXPANDEDW)};
+  SendMessageW(GetParent(window), WM_NOTIFY, record.hdr.idFrom, reinterpret_cast<LPARAM>(&record));
+  return DestroyWindow(window);
+}
+
 class Proxy : public HostTest {
  protected:
-  void ExpectAnswers(std::int64_t Answer::* column) {
+  void ExpectAnswers(std::int64_t Answer::*column) {
     written = 77;
     for (const Answer& answer : ANSWERS) {
       EXPECT_EQ(answer.call(*view), answer.*column) << answer.operation;
@@ -136,19 +145,18 @@ TEST(Factory, IgnoresNull) { ReleaseIQVLTreeView(nullptr); }
 TEST(Factory, OperationsStandInTheOrderOfTheContract) {
   using V = IQVLTreeView;
   EXPECT_EQ(
-      VirtualPlaces(&V::Create, &V::Destroy, &V::GetViewType, &V::SetImageList,
-                    &V::UseSystemImageList, &V::SetStateImageList, &V::SetBkColor,
-                    &V::SetTextColor, &V::SetMultiSelect, &V::GetMultiSelect, &V::SetClient,
-                    &V::GetControlWindow, &V::Move, &V::DeleteAllItems, &V::Hide, &V::Show,
-                    &V::Redraw, &V::GetScrollPosition, &V::SetScrollPosition, &V::SetToolTipWidth,
-                    &V::SetToolTipDelay, &V::InsertItem, &V::UpdateItem, &V::DeleteItem,
-                    &V::GetItems, &V::GetParentItem, &V::GetFirstChildItem, &V::GetNextSiblingItem,
-                    &V::ExpandItem, &V::IsItemExpanded, &V::ExpandAll, &V::CollapseAll,
-                    &V::EnsureVisible, &V::HitTest, &V::GetItemClientPtr, &V::GetSelectedCount,
-                    &V::GetSelectedItem, &V::SetItemSelected, &V::IsItemSelected, &V::SelectAll,
-                    &V::ClearSelection, &V::InvertSelection, &V::GetCheckedCount,
-                    &V::GetCheckedItem, &V::SetItemChecked, &V::IsItemChecked, &V::CheckAll,
-                    &V::UncheckAll, &V::ShowContextMenu),
+      VirtualPlaces(
+          &V::Create, &V::Destroy, &V::GetViewType, &V::SetImageList, &V::UseSystemImageList,
+          &V::SetStateImageList, &V::SetBkColor, &V::SetTextColor, &V::SetMultiSelect,
+          &V::GetMultiSelect, &V::SetClient, &V::GetControlWindow, &V::Move, &V::DeleteAllItems,
+          &V::Hide, &V::Show, &V::Redraw, &V::GetScrollPosition, &V::SetScrollPosition,
+          &V::SetToolTipWidth, &V::SetToolTipDelay, &V::InsertItem, &V::UpdateItem, &V::DeleteItem,
+          &V::GetItems, &V::GetParentItem, &V::GetFirstChildItem, &V::GetNextSiblingItem,
+          &V::ExpandItem, &V::IsItemExpanded, &V::ExpandAll, &V::CollapseAll, &V::EnsureVisible,
+          &V::HitTest, &V::GetItemClientPtr, &V::GetSelectedCount, &V::GetSelectedItem,
+          &V::SetItemSelected, &V::IsItemSelected, &V::SelectAll, &V::ClearSelection,
+          &V::InvertSelection, &V::GetCheckedCount, &V::GetCheckedItem, &V::SetItemChecked,
+          &V::IsItemChecked, &V::CheckAll, &V::UncheckAll, &V::ShowContextMenu),
       PlacesFrom(0, 49));
   using C = IQVLTreeViewClient;
   EXPECT_EQ(VirtualPlaces(&C::OnContextMenu, &C::OnGetInfoTip, &C::OnBeginDrag, &C::OnCreateColumns,
@@ -412,6 +420,29 @@ TEST_F(EndedByCallback, ReleaseInsideCreate) {
     return true;
   };
   EXPECT_EQ(CreateView(QVLS_LISTVIEW), nullptr);
+  EXPECT_EQ(CountParents(), 0);
+}
+
+// The old control goes first, and what it reports then may change everything.
+TEST_F(EndedByCallback, WhileASecondCreateEndsTheOldControl) {
+  ImportPatch report("DestroyWindow", &ReportThenDestroy);
+  HWND inner = nullptr;
+  ASSERT_NE(CreateView(), nullptr);
+  client.onItemExpanded = [&](ItemHandle) {
+    client.onItemExpanded = nullptr;
+    inner = CreateView();
+  };
+  const HWND outer = CreateView();
+  EXPECT_NE(outer, nullptr);
+  EXPECT_NE(inner, nullptr);
+  EXPECT_FALSE(IsWindow(inner)) << "the outer Create came last";
+  EXPECT_EQ(view->GetControlWindow(), outer);
+  EXPECT_EQ(CountParents(), 1);
+  client.onItemExpanded = [&](ItemHandle) {
+    client.onItemExpanded = nullptr;
+    ReleaseView();
+  };
+  EXPECT_EQ(CreateView(), nullptr);
   EXPECT_EQ(CountParents(), 0);
 }
 

@@ -97,12 +97,24 @@ TEST_F(ShellIcons, QuestionsAreAskedByNameAlone) {
 
 TEST_F(ShellIcons, TypeOneIsAskedForByBaseNameAndExtension) {
   const Text paths[] = {
-      TEXT("C:\\dir\\file.txt"), TEXT("C:/dir/file.txt"), TEXT("C:\\dir/sub\\file.tar.gz"),
-      TEXT("C:file.txt"),        TEXT("file.txt"),        TEXT("\\file.txt"),
-      TEXT("\\\\host\\share\\f"), TEXT("file"),            TEXT(".hidden"),
-      TEXT("C:\\d.ir\\file"),    TEXT("C:\\dir\\"),       TEXT("C:\\dir\\file."),
-      TEXT("..\\..\\a.b"),       TEXT("C:\\a\\..x"),      TEXT("C:"),
-      TEXT(""),                  TEXT("*.exe"),           TEXT("a b\\c d.e f"),
+      TEXT("C:\\dir\\file.txt"),
+      TEXT("C:/dir/file.txt"),
+      TEXT("C:\\dir/sub\\file.tar.gz"),
+      TEXT("C:file.txt"),
+      TEXT("file.txt"),
+      TEXT("\\file.txt"),
+      TEXT("\\\\host\\share\\f"),
+      TEXT("file"),
+      TEXT(".hidden"),
+      TEXT("C:\\d.ir\\file"),
+      TEXT("C:\\dir\\"),
+      TEXT("C:\\dir\\file."),
+      TEXT("..\\..\\a.b"),
+      TEXT("C:\\a\\..x"),
+      TEXT("C:"),
+      TEXT(""),
+      TEXT("*.exe"),
+      TEXT("a b\\c d.e f"),
   };
   for (const std::uint32_t style : VIEWS) {
     Open(style);
@@ -212,6 +224,16 @@ TEST_F(ShellIcons, ItemThatTheShellRefusesGetsTheFirstImage) {
   EXPECT_EQ(sent.Of(TVM_INSERTITEMW).at(0).treeItem.iImage, 0);
   EXPECT_EQ(sent.Of(TVM_SETITEMW).at(0).treeItem.iImage, 0);
   EXPECT_EQ(ImageList_GetImageCount(ListOf(control)), before) << "there was nothing to follow";
+}
+
+TEST_F(ShellIcons, RowThatTheShellRefusesGetsTheFirstImage) {
+  Open(QVLS_LISTVIEW);
+  icons.index = 2;
+  icons.refuses = true;
+  SentMessages sent;
+  UpdateFile(InsertFile(TEXT("a")), TEXT("a"));
+  EXPECT_EQ(sent.Of(LVM_INSERTITEMW).at(0).item.iImage, 0);
+  EXPECT_EQ(sent.Of(LVM_SETITEMW).at(0).item.iImage, 0);
 }
 
 TEST_F(ShellIcons, ViewWithoutAShellKeepsItsImages) {

@@ -366,8 +366,8 @@ TEST_F(TreeItems, NeighboursAreTheControlsOwn) {
   struct Row {
     ItemHandle item, parent, child, next;
   };
-  for (const Row& row : {Row{a, 0, a1, b}, Row{b, 0, b1, c}, Row{c, 0, 0, 0},
-                         Row{a1, a, a1x, a2}, Row{a2, a, 0, 0}, Row{-1, -1, -1, -1}}) {
+  for (const Row& row : {Row{a, 0, a1, b}, Row{b, 0, b1, c}, Row{c, 0, 0, 0}, Row{a1, a, a1x, a2},
+                         Row{a2, a, 0, 0}, Row{-1, -1, -1, -1}}) {
     EXPECT_EQ(view->GetParentItem(row.item), row.parent) << client.Name(row.item);
     EXPECT_EQ(view->GetFirstChildItem(row.item), row.child) << client.Name(row.item);
     EXPECT_EQ(view->GetNextSiblingItem(row.item), row.next) << client.Name(row.item);
@@ -408,9 +408,12 @@ TEST_F(TreeItems, WhatTheControlHearsOfOddHandles) {
     WPARAM wParam;
     LPARAM lParam;
   };
-  const Row rows[] = {{TVM_GETNEXTITEM, TVGN_PARENT, 0}, {TVM_GETNEXTITEM, TVGN_CHILD, odd},
-                      {TVM_GETNEXTITEM, TVGN_NEXT, odd}, {TVM_DELETEITEM, 0, odd},
-                      {TVM_EXPAND, TVE_EXPAND, -1},      {TVM_EXPAND, TVE_COLLAPSE, odd},
+  const Row rows[] = {{TVM_GETNEXTITEM, TVGN_PARENT, 0},
+                      {TVM_GETNEXTITEM, TVGN_CHILD, odd},
+                      {TVM_GETNEXTITEM, TVGN_NEXT, odd},
+                      {TVM_DELETEITEM, 0, odd},
+                      {TVM_EXPAND, TVE_EXPAND, -1},
+                      {TVM_EXPAND, TVE_COLLAPSE, odd},
                       {TVM_GETITEMSTATE, 0x7FFF12345678, TVIS_EXPANDED},
                       {TVM_ENSUREVISIBLE, 0, odd}};
   ASSERT_EQ(sent.all.size(), std::size(rows) + 2);

@@ -63,8 +63,12 @@ class IconRefill : public HostTest {
     };
     const auto destroyed = static_cast<std::ptrdiff_t>(platform->errorsAtDestroyIcon.size());
     platform->errorsAtDestroyIcon.clear();
-    return {count("ImageList_Create"),      count("ImageList_Remove"), count("ImageList_GetIcon"),
-            count("ImageList_ReplaceIcon"), destroyed, count("ImageList_SetBkColor")};
+    return {count("ImageList_Create"),
+            count("ImageList_Remove"),
+            count("ImageList_GetIcon"),
+            count("ImageList_ReplaceIcon"),
+            destroyed,
+            count("ImageList_SetBkColor")};
   }
 
   static ItemHandle InsertFile(IQVLTreeView* into, const WCHAR* file = TEXT("a"),
@@ -215,9 +219,9 @@ class IconRefillOfTheShell : public IconRefill {
   // The shell's list, without asking for a type.
   static HIMAGELIST SystemList() {
     SHFILEINFOW info = {};
-    return reinterpret_cast<HIMAGELIST>(SHGetFileInfoW(
-        TEXT("*.exe"), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
-        SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES));
+    return reinterpret_cast<HIMAGELIST>(
+        SHGetFileInfoW(TEXT("*.exe"), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
+                       SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES));
   }
 };
 

@@ -1,53 +1,42 @@
-// What the library does when memory ends. The operators stand in for those of the whole process.
+// What the library does when memory ends. Only the library's own allocations fail.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <new>
 #include <string>
 
 #include "qvl.h"
 #include "support/host_window.h"
+#include "support/import_patch.h"
 
 namespace {
 
 using Text = std::basic_string<WCHAR>;
 
-// Allocations that still succeed; negative for all.
-int allocationsLeft = -1;
-
-void* Allocate(std::size_t size) {
-  if (allocationsLeft == 0) return nullptr;
-  if (allocationsLeft > 0) --allocationsLeft;
-  return std::malloc(size ? size : 1);
-}
-
-// Lets memory end after so many allocations, for the life of the object.
+// Lets the library's memory end after so many allocations, for the life of the object.
 class MemoryEnds {
  public:
   explicit MemoryEnds(int after = 0) { allocationsLeft = after; }
-  ~MemoryEnds() { allocationsLeft = -1; }
-  MemoryEnds(const MemoryEnds&) = delete;
-  MemoryEnds& operator=(const MemoryEnds&) = delete;
+
+ private:
+  static inline int allocationsLeft = 0;
+
+  // A negative number never runs out.
+  static bool Ended() {
+    if (allocationsLeft <= 0) return allocationsLeft == 0;
+    --allocationsLeft;
+    return false;
+  }
+  static void* New(std::size_t size) {
+    if (Ended()) throw std::bad_alloc();
+    return ::operator new(size);
+  }
+  static void* NewOrNull(std::size_t size, const std::nothrow_t& tag) {
+    return Ended() ? nullptr : ::operator new(size, tag);
+  }
+
+  ImportPatch news{"_Znwm", &New};
+  ImportPatch quietNews{"_ZnwmRKSt9nothrow_t", &NewOrNull};
 };
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  void* block = Allocate(size);
-  if (!block) throw std::bad_alloc();
-  return block;
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
-void operator delete(void* block, const std::nothrow_t&) noexcept { std::free(block); }
-void operator delete[](void* block, const std::nothrow_t&) noexcept { std::free(block); }
-
-namespace {
 
 TEST(MemoryOfARecord, TextThatCannotBeCopiedEmptiesItsField) {
   const Text longText(1000, TEXT('x'));

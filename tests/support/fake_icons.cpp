@@ -89,8 +89,8 @@ DWORD_PTR WINAPI FakeIcons::Answer(LPCWSTR name, DWORD attributes, SHFILEINFOW* 
                                    UINT flags) {
   current->questions.push_back({name, attributes, size, flags});
   if (current->onQuestion) current->onQuestion();
-  if (current->refuses) return 0;
   info->iIcon = current->index;
+  if (current->refuses) return 0;
   return reinterpret_cast<DWORD_PTR>(current->list);
 }
 

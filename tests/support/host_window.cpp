@@ -29,8 +29,8 @@ void PumpMessages() {
 
 void HostTest::SetUp() {
   ASSERT_NO_FATAL_FAILURE(RegisterHostClass());
-  host = CreateWindowExW(0, HOST_CLASS, TEXT("host"), WS_POPUP | WS_CLIPCHILDREN, 50,
-                         50, WIDTH, HEIGHT, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  host = CreateWindowExW(0, HOST_CLASS, TEXT("host"), WS_POPUP | WS_CLIPCHILDREN, 50, 50, WIDTH,
+                         HEIGHT, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
   ASSERT_NE(host, nullptr);
   // An active window without a window manager costs two seconds when it goes.
   ShowWindow(host, SW_SHOWNOACTIVATE);
