@@ -22,6 +22,10 @@ show_folder() {
     fi
   done
   picture "the folder"
+  local left top width height
+  ask client
+  read -r left top width height <<<"$answer"
+  import -silent -window root -crop "${width}x$height+$left+$top" +repage "$root/build/demo.png"
   stop_demo
 }
 
@@ -122,4 +126,4 @@ echo "Calls of the client during the tour:"
 cat "$session_folder/calls.log"
 echo
 echo "Pictures:"
-printf '%s\n' "$session_folder"/*.png
+printf '%s\n' "$root/build/demo.png" "$session_folder"/*.png
