@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,23 @@
 namespace {
 
 ScriptedPlatform* platform = nullptr;
+
+// The arguments of the lists that were asked for. They are noted on the way to the platform.
+std::vector<std::vector<int>> lists;
+ImportPatch* lookup = nullptr;
+decltype(&ImageList_Create) createNext = nullptr;
+
+HIMAGELIST WINAPI NoteList(int width, int height, UINT flags, int initial, int growth) {
+  lists.push_back({width, height, static_cast<int>(flags), initial, growth});
+  return createNext(width, height, flags, initial, growth);
+}
+
+FARPROC WINAPI Lookup(HMODULE in, LPCSTR name) {
+  const FARPROC found = lookup->Original<decltype(GetProcAddress)>()(in, name);
+  if (name != std::string("ImageList_Create")) return found;
+  createNext = std::bit_cast<decltype(createNext)>(found);
+  return std::bit_cast<FARPROC>(&NoteList);
+}
 
 // How often each image function was called since the last look.
 struct Calls {
@@ -37,8 +55,14 @@ constexpr Calls NOTHING = {};
 
 class IconRefill : public HostTest {
  protected:
-  static void SetUpTestSuite() { platform = new ScriptedPlatform; }
-  static void TearDownTestSuite() { delete platform; }
+  static void SetUpTestSuite() {
+    platform = new ScriptedPlatform;
+    lookup = new ImportPatch("GetProcAddress", &Lookup);
+  }
+  static void TearDownTestSuite() {
+    delete lookup;
+    delete platform;
+  }
 
   void SetUp() override {
     HostTest::SetUp();
@@ -123,6 +147,7 @@ TEST_F(IconRefill, FirstUse) {
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), Refill(3, 1));
   EXPECT_EQ(ListOf(control), shared);
+  EXPECT_EQ(lists, std::vector<std::vector<int>>(6, {16, 16, ILC_COLOR16, 0, 100}));
 }
 
 TEST_F(IconRefill, OncePerViewAndChange) {
@@ -210,6 +235,27 @@ TEST_F(IconRefill, FailingCopiesStopNothing) {
     icons.Add(5);
     InsertFile(view);
     EXPECT_TRUE(SameImages(icons.list, shared)) << failing;
+  }
+}
+
+// The control leaves the images of its check boxes behind.
+TEST_F(IconRefill, ImagesOfCheckBoxesGoWithTheView) {
+  for (const bool ownImages : {false, true}) {
+    ASSERT_NE(CreateView(QVLS_CHECKBOXES), nullptr);
+    const HIMAGELIST own = ImageList_Create(16, 16, ILC_COLOR32, 1, 1);
+    if (ownImages) {
+      EXPECT_TRUE(view->SetStateImageList(own));
+    }
+    platform->Take();
+    view->Destroy();
+    view->Destroy();
+    std::vector<std::string> lines = platform->Take();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "ImageList_Destroy"), 1);
+    EXPECT_TRUE(ImageList_Destroy(own)) << "that one is the host's";
+    ASSERT_NE(CreateView(), nullptr);
+    view->Destroy();
+    lines = platform->Take();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "ImageList_Destroy"), 0);
   }
 }
 
