@@ -266,14 +266,12 @@ TEST_F(ListNotifyTest, ADraggedRowJoinsTheSelection) {
   EXPECT_EQ(drag.runs, 2);
 }
 
-// Where in a client the host ends the view, and how.
+// Where in a client the host ends the view.
 enum class Place { BEGIN, CHANGED, END, COLUMNS, TIP, DRAG, MENU, EDIT, COLUMN_CLICK, CONTEXT };
-enum class Ending { NO_CLIENT, DESTROY, RELEASE, CREATE };
 
 constexpr Place PLACES[] = {Place::BEGIN,        Place::CHANGED, Place::END,  Place::COLUMNS,
                             Place::TIP,          Place::DRAG,    Place::MENU, Place::EDIT,
                             Place::COLUMN_CLICK, Place::CONTEXT};
-constexpr Ending ENDINGS[] = {Ending::NO_CLIENT, Ending::DESTROY, Ending::RELEASE, Ending::CREATE};
 
 class ListEndingTest : public ListNotifyTest,
                        public ::testing::WithParamInterface<std::tuple<Place, Ending>> {
@@ -311,21 +309,7 @@ class ListEndingTest : public ListNotifyTest,
   bool EndOnce() {
     if (ended) return true;
     ended = true;
-    switch (std::get<Ending>(GetParam())) {
-      case Ending::NO_CLIENT:
-        view->SetClient(nullptr);
-        break;
-      case Ending::DESTROY:
-        view->Destroy();
-        break;
-      case Ending::RELEASE:
-        ReleaseView();
-        break;
-      case Ending::CREATE:
-        EXPECT_NE(CreateView(QVLS_LISTVIEW), nullptr);
-        break;
-    }
-    client.Take();
+    End(std::get<Ending>(GetParam()));
     return true;
   }
 
@@ -383,9 +367,8 @@ class ListEndingTest : public ListNotifyTest,
 std::string EndingName(const ::testing::TestParamInfo<ListEndingTest::ParamType>& info) {
   const char* const places[] = {"Begin", "Changed", "End",  "Columns",     "Tip",
                                 "Drag",  "Menu",    "Edit", "ColumnClick", "Context"};
-  const char* const endings[] = {"NoClient", "Destroy", "Release", "Create"};
   return std::string(places[static_cast<int>(std::get<Place>(info.param))]) +
-         endings[static_cast<int>(std::get<Ending>(info.param))];
+         ENDING_NAMES[static_cast<int>(std::get<Ending>(info.param))];
 }
 
 INSTANTIATE_TEST_SUITE_P(Places, ListEndingTest,

@@ -25,9 +25,10 @@ void QVLProxyView::EndImplementation() {
   delete ending;
 }
 
+// Again while a callback creates anew in the middle of the end.
 QVLProxyView::~QVLProxyView() {
   life.End();
-  EndImplementation();
+  while (implementation) EndImplementation();
 }
 
 HWND QVLProxyView::Create(HWND parent, int controlId, int x, int y, int width, int height,

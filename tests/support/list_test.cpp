@@ -28,6 +28,25 @@ void ListTest::AddRows(int count) {
   }
 }
 
+void ListTest::End(Ending ending) {
+  switch (ending) {
+    case Ending::NO_CLIENT:
+      view->SetClient(nullptr);
+      break;
+    case Ending::DESTROY:
+      view->Destroy();
+      break;
+    case Ending::RELEASE:
+      ReleaseView();
+      break;
+    case Ending::CREATE:
+      Open();
+      AddRows(3);
+      break;
+  }
+  client.Take();
+}
+
 UINT ListTest::State(int row, UINT mask) const {
   return static_cast<UINT>(SendMessageW(control, LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask));
 }

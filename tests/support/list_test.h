@@ -9,6 +9,11 @@
 
 #include "support/host_window.h"
 
+// What a host does to a view from within a call of it.
+enum class Ending { NO_CLIENT, DESTROY, RELEASE, CREATE };
+constexpr Ending ENDINGS[] = {Ending::NO_CLIENT, Ending::DESTROY, Ending::RELEASE, Ending::CREATE};
+constexpr const char* ENDING_NAMES[] = {"NoClient", "Destroy", "Release", "Create"};
+
 // A list in the host window, and what its control says of it.
 class ListTest : public HostTest {
  protected:
@@ -19,6 +24,9 @@ class ListTest : public HostTest {
   void UseClientColumns(std::vector<int> widths);
 
   void AddRows(int count);
+
+  // What the client heard until the end is dropped. A new list gets three rows.
+  void End(Ending ending);
 
   UINT State(int row, UINT mask) const;
   std::basic_string<WCHAR> Text(int row, int column = 0) const;
