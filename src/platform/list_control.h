@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <ranges>
+#include <iterator>
 
 namespace list {
 
@@ -93,7 +93,35 @@ inline auto TickedIn(HWND control) {
 }
 
 // All rows from the top down, as many as there are when the walk begins.
-inline auto Rows(HWND control) { return std::views::iota(0, std::max(ItemCount(control), 0)); }
+class Rows {
+ public:
+  class Iterator {
+   public:
+    using difference_type = std::ptrdiff_t;
+    using value_type = int;
+
+    Iterator() = default;
+    explicit Iterator(int first) : row(first) {}
+
+    int operator*() const { return row; }
+    Iterator& operator++() {
+      ++row;
+      return *this;
+    }
+    void operator++(int) { ++*this; }
+    bool operator==(const Iterator& other) const = default;
+
+   private:
+    int row = 0;
+  };
+
+  explicit Rows(HWND control) : count(std::max(ItemCount(control), 0)) {}
+  Iterator begin() const { return Iterator(0); }
+  Iterator end() const { return Iterator(count); }
+
+ private:
+  int count;
+};
 
 // `hit` holds the point in client coordinates and receives the platform's hit flags.
 inline int HitTest(HWND control, LVHITTESTINFO& hit) {
