@@ -1,6 +1,7 @@
 // The list control in report mode.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,6 +65,7 @@ class ListControl : public Control, public LabelEditOwner {
   bool ChangeState(int row, UINT state, UINT mask);
   LRESULT SetState(int row, const LVITEMW& values);
   void KeepState(int row, UINT state);
+  void DeselectRows(const std::function<bool(int)>& concerned);
   void DeselectOthers(int row);
   void SelectOnly(int row);
   void SelectRange(int row);

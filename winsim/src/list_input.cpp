@@ -67,12 +67,11 @@ LRESULT ListControl::LeftButtonDown(WPARAM keys, LPARAM lParam) {
 
 void ListControl::PressRow(int row, WPARAM keys) {
   const bool selected = (Row(row).state & LVIS_SELECTED) != 0;
+  if ((Style() & LVS_SINGLESEL) && selected) {
+    return;
+  }
   if (Style() & LVS_SINGLESEL) {
-    if (selected) {
-      FocusOn(row);
-    } else {
-      SelectOnly(row);
-    }
+    SelectOnly(row);
   } else if (keys & MK_CONTROL) {
     const bool adds = (keys & MK_SHIFT) || !selected;
     ChangeState(row, LVIS_FOCUSED | (adds ? LVIS_SELECTED : 0), kBoth);

@@ -117,15 +117,12 @@ bool ListControl::SetItem(const LVITEMW& values) {
 
 // A cell has a text and an image and tells nobody of a change.
 bool ListControl::SetCell(const LVITEMW& values) {
-  if (values.iSubItem < 0) {
-    return true;
-  }
-  const auto column = static_cast<std::size_t>(values.iSubItem);
   constexpr UINT kPossible = LVIF_TEXT | LVIF_IMAGE;
-  if (column >= columns_.size() || (values.mask & ~kPossible)) {
+  const auto column = static_cast<std::size_t>(std::max(values.iSubItem, 0));
+  if ((values.mask & ~kPossible) || column >= std::max<std::size_t>(columns_.size(), 1)) {
     return false;
   }
-  if (values.mask & LVIF_TEXT) {
+  if (values.iSubItem > 0 && (values.mask & LVIF_TEXT)) {
     KeepText(&Row(values.iItem), column, TextOf(values));
   }
   return true;
@@ -157,8 +154,8 @@ bool ListControl::GetItem(LVITEMW* values) {
   return true;
 }
 
-// The row gives up its states first. The focus then is on the row that takes its place, of which
-// nobody hears.
+// The row gives up its states first. The focus then is on the row that takes its place, and a
+// selection that it was given meanwhile slips to the row before; nobody hears of either.
 bool ListControl::Delete(int row) {
   if (!IsRow(row)) {
     return false;
@@ -172,7 +169,12 @@ bool ListControl::Delete(int row) {
   if (Gone() || !IsRow(row)) {
     return true;
   }
-  selectedCount_ -= (Row(row).state & LVIS_SELECTED) ? 1 : 0;
+  if (Row(row).state & LVIS_SELECTED) {
+    --selectedCount_;
+    if (row > 0) {
+      KeepState(row - 1, Row(row - 1).state | LVIS_SELECTED);
+    }
+  }
   rows_.erase(rows_.begin() + row);
   barsStale_ = true;
   mark_ = std::min(mark_ > row ? mark_ - 1 : mark_, Count() - 1);

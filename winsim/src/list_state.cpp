@@ -31,7 +31,7 @@ bool ListControl::ChangeState(int row, UINT state, UINT mask) {
   if (Gone() || !IsRow(row)) {
     return false;
   }
-  KeepState(row, after);
+  KeepState(row, (Row(row).state & ~mask) | (state & mask));
   if (state & mask & LVIS_FOCUSED) {
     if (IsRow(focus_)) {
       ChangeState(focus_, 0, LVIS_FOCUSED);
@@ -64,12 +64,23 @@ LRESULT ListControl::SetState(int row, const LVITEMW& values) {
   return TRUE;
 }
 
-void ListControl::DeselectOthers(int row) {
-  for (int i = 0; selectedCount_ > 0 && !Gone() && i < Count(); ++i) {
-    if (i != row && (Row(i).state & LVIS_SELECTED)) {
-      ChangeState(i, 0, LVIS_SELECTED);
+// The rows that are selected now lose it; one that a notification selects meanwhile keeps it.
+void ListControl::DeselectRows(const std::function<bool(int)>& concerned) {
+  std::vector<int> rows;
+  for (int row = 0; selectedCount_ > 0 && row < Count(); ++row) {
+    if ((Row(row).state & LVIS_SELECTED) && concerned(row)) {
+      rows.push_back(row);
     }
   }
+  for (int row : rows) {
+    if (!Gone() && IsRow(row)) {
+      ChangeState(row, 0, LVIS_SELECTED);
+    }
+  }
+}
+
+void ListControl::DeselectOthers(int row) {
+  DeselectRows([row](int other) { return other != row; });
 }
 
 void ListControl::SelectOnly(int row) {
@@ -87,11 +98,7 @@ void ListControl::SelectRange(int row) {
   }
   const int first = std::min(mark_, row);
   const int last = std::max(mark_, row);
-  for (int i = 0; !Gone() && i < Count(); ++i) {
-    if ((i < first || i > last) && (Row(i).state & LVIS_SELECTED)) {
-      ChangeState(i, 0, LVIS_SELECTED);
-    }
-  }
+  DeselectRows([first, last](int other) { return other < first || other > last; });
   for (int i = first; !Gone() && i <= last && i < Count(); ++i) {
     ChangeState(i, LVIS_SELECTED, LVIS_SELECTED);
   }
