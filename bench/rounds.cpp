@@ -1,0 +1,99 @@
+#include "rounds.h"
+
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+
+namespace {
+
+constexpr int kWidth = 300;
+constexpr int kHeight = 400;
+constexpr int kItemsForTheClock = 100000;
+
+// What a step leaves to be drawn is drawn between the steps.
+void PumpMessages() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+HWND MakeHost() {
+  WNDCLASSW hostClass{};
+  hostClass.lpfnWndProc = DefWindowProcW;
+  hostClass.hInstance = GetModuleHandleW(nullptr);
+  hostClass.lpszClassName = L"QVLBenchHost";
+  RegisterClassW(&hostClass);
+  const HWND host =
+      CreateWindowExW(0, L"QVLBenchHost", L"bench", WS_POPUP | WS_CLIPCHILDREN, 50, 50, 2 * kWidth,
+                      kHeight, nullptr, nullptr, hostClass.hInstance, nullptr);
+  if (!host) throw std::runtime_error("there is no window: no display?");
+  ShowWindow(host, SW_SHOWNOACTIVATE);
+  return host;
+}
+
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+}  // namespace
+
+Pair::Pair(Kind kindOfBoth, bool icons) : kind(kindOfBoth), host(MakeHost()) {
+  const RECT left{0, 0, kWidth, kHeight};
+  const RECT right{kWidth, 0, 2 * kWidth, kHeight};
+  bare = kind == Kind::LIST ? MakeBareList(icons, host, left) : MakeBareTree(icons, host, left);
+  library = MakeLibrarySide(kind, icons, host, right);
+  PumpMessages();
+}
+
+Pair::~Pair() {
+  bare.reset();
+  library.reset();
+  DestroyWindow(host);
+}
+
+std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rounds) {
+  std::vector<std::vector<double>> bareTimes(steps.size());
+  std::vector<std::vector<double>> libraryTimes(steps.size());
+  for (int round = 0; round < rounds; ++round) {
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+      const bool bareFirst = (round + static_cast<int>(i)) % 2 == 0;
+      if (bareFirst) bareTimes[i].push_back(Time(steps[i], *bare, size));
+      libraryTimes[i].push_back(Time(steps[i], *library, size));
+      if (!bareFirst) bareTimes[i].push_back(Time(steps[i], *bare, size));
+      Compare(steps[i].operation);
+    }
+  }
+  std::vector<Figure> figures;
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    if (!steps[i].measured) continue;
+    figures.push_back(
+        {kind, steps[i].operation, size, Median(bareTimes[i]), Median(libraryTimes[i])});
+  }
+  return figures;
+}
+
+double Pair::Time(const Step& step, Side& side, int size) {
+  using Clock = std::chrono::steady_clock;
+  const int runs = step.readsOnly ? std::max(kItemsForTheClock / size, 1) : 1;
+  if (step.prepare) step.prepare(side);
+  PumpMessages();
+  side.calls = 0;
+  side.found = 0;
+  const auto start = Clock::now();
+  for (int run = 0; run < runs; ++run) step.run(side);
+  const std::chrono::duration<double, std::micro> time = Clock::now() - start;
+  PumpMessages();
+  return time.count() / runs / size;
+}
+
+void Pair::Compare(const std::string& operation) const {
+  if (bare->calls == library->calls && bare->found == library->found) return;
+  throw std::runtime_error(operation + ": the bare loop had " + std::to_string(bare->calls) +
+                           " calls and found " + std::to_string(bare->found) + ", the library " +
+                           std::to_string(library->calls) + " and " +
+                           std::to_string(library->found));
+}

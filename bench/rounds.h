@@ -1,0 +1,47 @@
+// Plays the same steps with both sides in turn and keeps the time of each.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "side.h"
+
+struct Step {
+  std::string operation;
+  std::function<void(Side&)> run;
+  std::function<void(Side&)> prepare = {};  // before each run, not measured
+  bool readsOnly = false;                   // is run often enough for the clock
+  bool measured = true;
+};
+
+// Microseconds an item, the medians of all rounds.
+struct Figure {
+  Kind kind;
+  std::string operation;
+  int size;
+  double bare;
+  double library;
+};
+
+// A host's window with both sides in it.
+class Pair {
+ public:
+  Pair(Kind kind, bool icons);
+  ~Pair();
+  Pair(const Pair&) = delete;
+  Pair& operator=(const Pair&) = delete;
+
+  // Ends the program if the two sides hear or find different things in a step: loops that do
+  // different work can't be compared.
+  std::vector<Figure> Play(const std::vector<Step>& steps, int size, int rounds);
+
+ private:
+  double Time(const Step& step, Side& side, int size);
+  void Compare(const std::string& operation) const;
+
+  const Kind kind;
+  HWND host = nullptr;
+  std::unique_ptr<Side> bare;
+  std::unique_ptr<Side> library;
+};
