@@ -74,10 +74,13 @@ void QVLListView::SubclassControl() {
   ReplaceControlProc(controlWindow, ListControlSubclassProc, savedListProc);
 }
 
-// Notes what the host asks of the control's drawing, and changes nothing.
+// Notes what the host asks of the control's drawing, and changes nothing. Every message passes, so
+// the view is looked up for that one alone.
 LRESULT CALLBACK ListControlSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* view = reinterpret_cast<QVLListView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (view && message == WM_SETREDRAW) view->redraw.NoteRequest(wParam != 0);
+  if (message == WM_SETREDRAW) {
+    auto* view = reinterpret_cast<QVLListView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (view) view->redraw.NoteRequest(wParam != 0);
+  }
   return CallWindowProcW(savedListProc, window, message, wParam, lParam);
 }
 

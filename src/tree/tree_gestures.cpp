@@ -14,11 +14,14 @@ bool IsShiftDown() { return GetKeyState(VK_SHIFT) < 0; }
 
 }  // namespace
 
+// Every message of the control passes, so the view is looked up for those alone that it wants.
 LRESULT CALLBACK TreeControlSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* view = reinterpret_cast<QVLTreeView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (view && message == WM_KEYDOWN) return view->HandleKeyDown(wParam, lParam);
-  if (view && message == WM_LBUTTONDOWN) return view->HandleLButtonDown(wParam, lParam);
-  if (view && message == WM_SETREDRAW) view->redraw.NoteRequest(wParam != 0);
+  if (message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_SETREDRAW) {
+    auto* view = reinterpret_cast<QVLTreeView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (view && message == WM_KEYDOWN) return view->HandleKeyDown(wParam, lParam);
+    if (view && message == WM_LBUTTONDOWN) return view->HandleLButtonDown(wParam, lParam);
+    if (view) view->redraw.NoteRequest(wParam != 0);
+  }
   return CallWindowProcW(savedControlProc, window, message, wParam, lParam);
 }
 
