@@ -24,6 +24,34 @@ struct Deed {
   std::function<void(TreeReentryTest&, ItemHandle)> run;
 };
 
+// The item that a message to the control names, or null.
+HTREEITEM NamedItem(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case TVM_GETITEMSTATE:
+      return reinterpret_cast<HTREEITEM>(wParam);
+    case TVM_GETNEXTITEM:
+    case TVM_SELECTITEM:
+      return reinterpret_cast<HTREEITEM>(lParam);
+    case TVM_SETITEMW:
+      return reinterpret_cast<TVITEMW*>(lParam)->hItem;
+    default:
+      return nullptr;
+  }
+}
+
+// Stands before the library's SendMessageW: an item that has been deleted must never be named. Only
+// the stand-in can be asked whether it has; the platform's control reads what the handle points to.
+LRESULT WINAPI CheckingSend(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  TVITEMW item = {};
+  item.mask = TVIF_PARAM;
+  item.hItem = NamedItem(message, wParam, lParam);
+  if (item.hItem && !REAL_CONTROL) {
+    EXPECT_NE(SendMessageW(window, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)), 0)
+        << "message " << message << " names a deleted item";
+  }
+  return SendMessageW(window, message, wParam, lParam);
+}
+
 class TreeReentryTest : public TreeTest,
                         public ::testing::WithParamInterface<std::tuple<Flow, Deed>> {
  public:
@@ -76,8 +104,11 @@ class TreeReentryTest : public TreeTest,
       deed.run(*this, item > 0 ? item : Item('d'));
       client.Take();
     });
-    flow.run(*this);
-    PumpMessages();
+    {
+      const ImportPatch patch("SendMessageW", &CheckingSend);
+      flow.run(*this);
+      PumpMessages();
+    }
     HearAll({});
     if (done && deed.endsFlow) {
       EXPECT_EQ(Heard(), "");
@@ -199,6 +230,8 @@ const Deed DEEDS[] = {
      [](TreeReentryTest& test, ItemHandle) { test.view->SetClient(nullptr); }},
     {"DeleteItem", false, true,
      [](TreeReentryTest& test, ItemHandle item) { test.view->DeleteItem(item); }},
+    {"DeleteTarget", false, true,
+     [](TreeReentryTest& test, ItemHandle) { test.view->DeleteItem(test.Item('S')); }},
     {"DeleteAll", false, true,
      [](TreeReentryTest& test, ItemHandle) { test.view->DeleteAllItems(); }},
     {"Collapse", false, false,

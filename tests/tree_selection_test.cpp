@@ -149,6 +149,15 @@ TEST_F(TreeSelectionTest, HitTestSelectsAnItemThatIsNotSelected) {
   }
 }
 
+TEST_F(TreeSelectionTest, HitTestForgetsAnItemThatIsDeletedMeanwhile) {
+  Given("PQ", 'P', '-');
+  const POINT point = LabelPoint(Item('S'));
+  client.onBeginSelectionChange = [this] { view->DeleteItem(Item('S')); };
+  EXPECT_EQ(HitTest(point, true, nullptr), -1);
+  EXPECT_EQ(Heard(), "B P Q E");
+  EXPECT_EQ(Caret(), "P");
+}
+
 struct Part {
   UINT native;
   std::uint32_t flags;
