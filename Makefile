@@ -1,6 +1,6 @@
 # The commands of daily use; each says in its script what it does.
 
-.PHONY: all demo test sdk format lint clean packages lint-packages
+.PHONY: all demo test fuzz coverage sdk format lint clean packages lint-packages
 
 all: packages
 	@tools/build.sh windows
@@ -13,6 +13,16 @@ demo: packages
 
 test: packages
 	@tools/run_tests.sh
+
+# Lets a fuzzer play a hostile host: make fuzz [TIME=seconds]
+fuzz:
+	@tools/install_packages.sh fuzz
+	@tools/fuzz.sh $(or $(TIME),60)
+
+# Which lines and branches of src/ the native tests reach
+coverage:
+	@tools/install_packages.sh coverage
+	@tools/coverage.sh
 
 sdk: packages
 	@tools/make_sdk.sh

@@ -1,5 +1,5 @@
 #!/bin/bash
-# install_packages.sh [build|lint]: installs what is missing of the packages for that purpose.
+# install_packages.sh [build|lint|fuzz|coverage]: installs what is missing of the packages for that purpose.
 # When nothing is missing it asks no network; without root it names the command and stops.
 set -euo pipefail
 
@@ -10,8 +10,10 @@ tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 case "${1:-build}" in
   build) wanted=("${build_packages[@]}") ;;
   lint) wanted=("${build_packages[@]}" "${lint_packages[@]}") ;;
+  fuzz) wanted=("${build_packages[@]}" "${fuzz_packages[@]}") ;;
+  coverage) wanted=("${build_packages[@]}" "${coverage_packages[@]}") ;;
   *)
-    echo "usage: install_packages.sh [build|lint]" >&2
+    echo "usage: install_packages.sh [build|lint|fuzz|coverage]" >&2
     exit 2
     ;;
 esac

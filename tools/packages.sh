@@ -18,3 +18,14 @@ lint_packages=(
   clang-format
   clang-tidy
 )
+
+# For `make fuzz` only.
+fuzz_packages=(
+  clang
+  libclang-rt-14-dev
+)
+
+# For `make coverage` only.
+coverage_packages=(
+  gcovr
+)

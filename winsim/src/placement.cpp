@@ -16,6 +16,11 @@ int FrameOf(const Window& window) {
          ((window.style & WS_BORDER) ? kBorder : 0);
 }
 
+// No window lies or reaches farther than this.
+constexpr int kFarthest = 1 << 24;
+
+int PlacedWithin(int value) { return std::clamp(value, -kFarthest, kFarthest); }
+
 POINT ScreenOrigin(const Window& window) {
   POINT origin = {window.rect.left, window.rect.top};
   const Window* above = (window.style & WS_CHILD) ? FindWindow(window.parent) : nullptr;
@@ -122,12 +127,14 @@ BOOL WINAPI SetWindowPos(HWND handle, HWND, int x, int y, int width, int height,
   }
   const RECT former = window->rect;
   RECT rect = former;
+  x = PlacedWithin(x);
+  y = PlacedWithin(y);
   if (!(flags & SWP_NOMOVE)) {
     rect = {x, y, x + former.right - former.left, y + former.bottom - former.top};
   }
   if (!(flags & SWP_NOSIZE)) {
-    rect.right = rect.left + std::max(width, 0);
-    rect.bottom = rect.top + std::max(height, 0);
+    rect.right = rect.left + PlacedWithin(std::max(width, 0));
+    rect.bottom = rect.top + PlacedWithin(std::max(height, 0));
   }
   window->rect = rect;
   const bool moved = rect.left != former.left || rect.top != former.top;

@@ -1,0 +1,14 @@
+#!/bin/bash
+# fuzz.sh [seconds]: lets the fuzzer play a hostile host against the native library. What it finds
+# is left in build/fuzz-findings; a mended finding belongs into tests/fuzz/findings.
+set -euo pipefail
+
+tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
+root=$(dirname -- "$tools")
+seconds=${1:-60}
+cd "$root"
+
+"$tools/build.sh" fuzz qvl_fuzz
+mkdir -p build/fuzz-corpus build/fuzz-findings
+build/fuzz/bin/qvl_fuzz -max_total_time="$seconds" -max_len=600 -timeout=20 -rss_limit_mb=4096 \
+  -print_final_stats=1 -artifact_prefix=build/fuzz-findings/ build/fuzz-corpus tests/fuzz/findings
