@@ -208,6 +208,11 @@ POINT TraceStory::PointOn(TraceView& chosen, ItemHandle item) {
     found = SendMessageW(chosen.Control(), LVM_GETITEMRECT, static_cast<WPARAM>(item),
                          reinterpret_cast<LPARAM>(&rect));
   } else {
+    // Of an item in a collapsed branch the real control may still give the place that it had.
+    for (ItemHandle above = chosen.view->GetParentItem(item); above;
+         above = chosen.view->GetParentItem(above)) {
+      if (!chosen.view->IsItemExpanded(above)) return below;
+    }
     *reinterpret_cast<ItemHandle*>(&rect) = item;
     found = SendMessageW(chosen.Control(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&rect));
   }

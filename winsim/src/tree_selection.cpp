@@ -62,18 +62,16 @@ bool TreeControl::Select(HTREEITEM handle, UINT action) {
   return true;
 }
 
-// Expands what hides the item, the nearest first, as the user would.
+// Expands what hides the item, the nearest first, as the user would. What hears of it can collapse
+// what is further up, so each is looked at when its turn comes.
 void TreeControl::ShowBranchOf(HTREEITEM handle) {
-  std::vector<HTREEITEM> hidden;
   const TreeItem* item = Find(handle);
-  for (const TreeItem* above = item ? item->parent : nullptr; above && above != &root_;
-       above = above->parent) {
-    if (!(above->state & TVIS_EXPANDED)) {
-      hidden.push_back(above->handle);
+  while (item && item->parent != &root_) {
+    const HTREEITEM above = item->parent->handle;
+    if (!(item->parent->state & TVIS_EXPANDED)) {
+      Expand(above, true);
     }
-  }
-  for (HTREEITEM above : hidden) {
-    Expand(above, true);
+    item = Find(above);
   }
 }
 
