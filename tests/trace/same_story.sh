@@ -13,6 +13,7 @@ steps=${3:-400}
 left_out=(
   "positions in pixels and scroll positions: they depend on the fonts that are installed"
   "Shift and Ctrl on a press in a list: its control reads them from the keyboard, not the message"
+  "collapsing what a collapsed branch hides, and its place: the real control loses count of rows"
 )
 
 native=$root/build/native

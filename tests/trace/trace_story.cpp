@@ -83,7 +83,7 @@ std::string TraceStory::OperateOnItem(TraceView& chosen, int operation) {
       return chosen.Name(view.GetNextSiblingItem(item));
     case 5:
     case 6:
-      if (item != -1) view.ExpandItem(item, operation == 5);
+      chosen.Expand(item, operation == 5);
       return "done";
     case 7:
       return Text(view.IsItemExpanded(item));
@@ -209,10 +209,7 @@ POINT TraceStory::PointOn(TraceView& chosen, ItemHandle item) {
                          reinterpret_cast<LPARAM>(&rect));
   } else {
     // Of an item in a collapsed branch the real control may still give the place that it had.
-    for (ItemHandle above = chosen.view->GetParentItem(item); above;
-         above = chosen.view->GetParentItem(above)) {
-      if (!chosen.view->IsItemExpanded(above)) return below;
-    }
+    if (!chosen.IsShown(item)) return below;
     *reinterpret_cast<ItemHandle*>(&rect) = item;
     found = SendMessageW(chosen.Control(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&rect));
   }

@@ -65,6 +65,18 @@ ItemHandle TraceView::AnyItem() {
   return items[static_cast<std::size_t>(dice.Below(static_cast<int>(items.size())))];
 }
 
+bool TraceView::IsShown(ItemHandle item) const {
+  if (IsList()) return true;
+  for (item = view->GetParentItem(item); item > 0; item = view->GetParentItem(item)) {
+    if (!view->IsItemExpanded(item)) return false;
+  }
+  return true;
+}
+
+void TraceView::Expand(ItemHandle item, bool expand) {
+  if (item != -1 && (expand || IsShown(item))) view->ExpandItem(item, expand);
+}
+
 std::string TraceView::Name(ItemHandle item) const {
   if (item == -1 || (item == 0 && !IsList())) return item == 0 ? "none" : "-1";
   return (IsList() ? std::to_string(item) + "/n" : "n") +
@@ -129,7 +141,7 @@ void TraceView::React() {
       view->SetItemChecked(AnyItem(), dice.OneIn(2));
       break;
     case 3:
-      view->ExpandItem(AnyItem(), dice.OneIn(2));
+      Expand(AnyItem(), dice.OneIn(2));
       break;
     case 4:
       Insert();

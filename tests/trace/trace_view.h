@@ -38,6 +38,11 @@ class TraceView final : public IQVLTreeViewClient {
   ItemHandleList Items() const;
   // A live item, or now and then -1.
   ItemHandle AnyItem();
+  // Whether no collapsed branch of a tree holds the item.
+  bool IsShown(ItemHandle item) const;
+  // Expands, or collapses what is shown: collapsing what a branch hides upsets the real control's
+  // idea of where its rows are.
+  void Expand(ItemHandle item, bool expand);
   // The item under the name that its record was given, or its number.
   std::string Name(ItemHandle item) const;
   std::string State() const;
