@@ -1,6 +1,6 @@
 # The commands of daily use; each says in its script what it does.
 
-.PHONY: all demo test fuzz coverage sdk format lint clean packages lint-packages
+.PHONY: all bench demo test fuzz coverage sdk format lint clean packages lint-packages
 
 all: packages
 	@tools/build.sh windows
@@ -23,6 +23,10 @@ fuzz:
 coverage:
 	@tools/install_packages.sh coverage
 	@tools/coverage.sh
+
+# Measures the library against the bare controls: make bench [DOC=1], into docs/performance.md too
+bench: packages
+	@QVL_BENCH_DOC=$(DOC) tools/bench.sh
 
 sdk: packages
 	@tools/make_sdk.sh
