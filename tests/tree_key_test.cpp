@@ -8,9 +8,9 @@ struct KeyCase {
   WPARAM key;
   bool shift;
 
-  const char* selected;
   char caret;
   char anchor;
+  const char* selected;
 
   const char* heard;
   const char* selectedAfter;
@@ -24,35 +24,35 @@ bool IsSwallowed(const KeyCase& row) {
 }
 
 constexpr KeyCase CASES[] = {
-    {"ShiftDownGrows", VK_DOWN, true, "Q", 'Q', '-', "B Q R Q E", "QR", "R", "Q"},
-    {"ShiftDownStartsAfresh", VK_DOWN, true, "PS", 'Q', '-', "B P S R Q E", "QR", "R", "Q"},
-    {"ShiftDownGrowsOn", VK_DOWN, true, "QR", 'R', 'Q', "B S R E", "QRS", "S", "Q"},
-    {"ShiftUpGrows", VK_UP, true, "R", 'R', '-', "B R Q R E", "QR", "Q", "R"},
-    {"ShiftUpShrinks", VK_UP, true, "QR", 'R', 'Q', "B Q E", "Q", "Q", "Q"},
-    {"ShiftDownShrinks", VK_DOWN, true, "PQR", 'P', 'R', "B Q E", "QR", "Q", "R"},
-    {"ShiftDownFromTheLast", VK_DOWN, true, "S", 'S', '-', "B S E", "", "S", "S"},
-    {"ShiftDownOnTheLast", VK_DOWN, true, "QRS", 'S', 'Q', "B E", "QRS", "S", "Q"},
-    {"ShiftUpOnTheFirst", VK_UP, true, "PQR", 'P', 'R', "B E", "PQR", "P", "R"},
-    {"ShiftDownWithoutCaret", VK_DOWN, true, "PR", '-', '-', "B P R E", "", "-", "-"},
-    {"ShiftUpWithoutCaret", VK_UP, true, "PR", '-', 'Q', "B E", "PR", "-", "Q"},
-    {"Down", VK_DOWN, false, "PQ", 'Q', 'P', "B P Q E R", "R", "R", "-"},
-    {"Up", VK_UP, false, "QS", 'Q', 'S', "B Q S E P", "P", "P", "-"},
-    {"DownOnTheLast", VK_DOWN, false, "RS", 'S', 'R', "B R S E", "", "S", "-"},
-    {"Home", VK_HOME, false, "QR", 'R', 'Q', "B Q R E P", "P", "P", "-"},
-    {"ShiftEnd", VK_END, true, "QR", 'Q', 'P', "B Q R E S", "S", "S", "-"},
-    {"Space", VK_SPACE, false, "QR", 'R', 'Q', "B Q R E", "", "R", "-"},
-    {"Left", VK_LEFT, false, "QR", 'R', 'Q', "B Q R E", "", "R", "-"},
-    {"ShiftRight", VK_RIGHT, true, "QR", 'R', 'Q', "B Q R E", "", "R", "-"},
-    {"Letter", 'A', false, "QR", 'R', 'Q', "B Q R E", "", "R", "-"},
-    {"Delete", VK_DELETE, false, "QR", 'R', 'Q', "B Q R E", "", "R", "-"},
-    {"F2WithNothing", VK_F2, false, "", '-', 'Q', "B E", "", "-", "-"},
-    {"Back", VK_BACK, false, "QR", 'R', 'Q', "", "QR", "R", "Q"},
-    {"Tab", VK_TAB, true, "QR", 'R', 'Q', "", "QR", "R", "Q"},
-    {"Return", VK_RETURN, false, "QR", 'R', 'Q', "", "QR", "R", "Q"},
-    {"Shift", VK_SHIFT, true, "QR", 'R', 'Q', "", "QR", "R", "Q"},
-    {"Control", VK_CONTROL, false, "QR", 'R', 'Q', "", "QR", "R", "Q"},
-    {"Escape", VK_ESCAPE, false, "QR", 'R', 'Q', "", "QR", "R", "Q"},
-    {"BelowSpace", VK_SPACE - 1, false, "QR", 'R', 'Q', "", "QR", "R", "Q"},
+    {"ShiftDownGrows", VK_DOWN, true, 'Q', '-', "Q", "B Q R Q E", "QR", "R", "Q"},
+    {"ShiftDownStartsAfresh", VK_DOWN, true, 'Q', '-', "PS", "B P S R Q E", "QR", "R", "Q"},
+    {"ShiftDownGrowsOn", VK_DOWN, true, 'R', 'Q', "QR", "B S R E", "QRS", "S", "Q"},
+    {"ShiftUpGrows", VK_UP, true, 'R', '-', "R", "B R Q R E", "QR", "Q", "R"},
+    {"ShiftUpShrinks", VK_UP, true, 'R', 'Q', "QR", "B Q E", "Q", "Q", "Q"},
+    {"ShiftDownShrinks", VK_DOWN, true, 'P', 'R', "PQR", "B Q E", "QR", "Q", "R"},
+    {"ShiftDownFromTheLast", VK_DOWN, true, 'S', '-', "S", "B S E", "", "S", "S"},
+    {"ShiftDownOnTheLast", VK_DOWN, true, 'S', 'Q', "QRS", "B E", "QRS", "S", "Q"},
+    {"ShiftUpOnTheFirst", VK_UP, true, 'P', 'R', "PQR", "B E", "PQR", "P", "R"},
+    {"ShiftDownWithoutCaret", VK_DOWN, true, '-', '-', "PR", "B P R E", "", "-", "-"},
+    {"ShiftUpWithoutCaret", VK_UP, true, '-', 'Q', "PR", "B E", "PR", "-", "Q"},
+    {"Down", VK_DOWN, false, 'Q', 'P', "PQ", "B P Q E R", "R", "R", "-"},
+    {"Up", VK_UP, false, 'Q', 'S', "QS", "B Q S E P", "P", "P", "-"},
+    {"DownOnTheLast", VK_DOWN, false, 'S', 'R', "RS", "B R S E", "", "S", "-"},
+    {"Home", VK_HOME, false, 'R', 'Q', "QR", "B Q R E P", "P", "P", "-"},
+    {"ShiftEnd", VK_END, true, 'Q', 'P', "QR", "B Q R E S", "S", "S", "-"},
+    {"Space", VK_SPACE, false, 'R', 'Q', "QR", "B Q R E", "", "R", "-"},
+    {"Left", VK_LEFT, false, 'R', 'Q', "QR", "B Q R E", "", "R", "-"},
+    {"ShiftRight", VK_RIGHT, true, 'R', 'Q', "QR", "B Q R E", "", "R", "-"},
+    {"Letter", 'A', false, 'R', 'Q', "QR", "B Q R E", "", "R", "-"},
+    {"Delete", VK_DELETE, false, 'R', 'Q', "QR", "B Q R E", "", "R", "-"},
+    {"F2WithNothing", VK_F2, false, '-', 'Q', "", "B E", "", "-", "-"},
+    {"Back", VK_BACK, false, 'R', 'Q', "QR", "", "QR", "R", "Q"},
+    {"Tab", VK_TAB, true, 'R', 'Q', "QR", "", "QR", "R", "Q"},
+    {"Return", VK_RETURN, false, 'R', 'Q', "QR", "", "QR", "R", "Q"},
+    {"Shift", VK_SHIFT, true, 'R', 'Q', "QR", "", "QR", "R", "Q"},
+    {"Control", VK_CONTROL, false, 'R', 'Q', "QR", "", "QR", "R", "Q"},
+    {"Escape", VK_ESCAPE, false, 'R', 'Q', "QR", "", "QR", "R", "Q"},
+    {"BelowSpace", VK_SPACE - 1, false, 'R', 'Q', "QR", "", "QR", "R", "Q"},
 };
 
 class TreeKeyTest : public TreeTest {

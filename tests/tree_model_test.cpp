@@ -33,26 +33,26 @@ enum class Act {
 
 struct Chance {
   Act act;
-  const char* name;
   unsigned weight;
+  const char* name;
 };
 
 constexpr Chance CHANCES[] = {
-    {Act::press, "press", 300},
-    {Act::pressOff, "press off", 50},
-    {Act::pressButton, "press button of", 50},
-    {Act::key, "key", 240},
-    {Act::expand, "expand or collapse", 60},
-    {Act::insert, "insert below", 70},
-    {Act::remove, "delete", 45},
-    {Act::removeAll, "delete all", 2},
-    {Act::setSelected, "set selected", 30},
-    {Act::selectAll, "select all", 15},
-    {Act::clearSelection, "clear selection", 15},
-    {Act::invertSelection, "invert selection", 15},
-    {Act::requestMenu, "request menu at", 40},
-    {Act::multiSelect, "multiple selection", 30},
-    {Act::setClient, "set client", 20},
+    {Act::press, 300, "press"},
+    {Act::pressOff, 50, "press off"},
+    {Act::pressButton, 50, "press button of"},
+    {Act::key, 240, "key"},
+    {Act::expand, 60, "expand or collapse"},
+    {Act::insert, 70, "insert below"},
+    {Act::remove, 45, "delete"},
+    {Act::removeAll, 2, "delete all"},
+    {Act::setSelected, 30, "set selected"},
+    {Act::selectAll, 15, "select all"},
+    {Act::clearSelection, 15, "clear selection"},
+    {Act::invertSelection, 15, "invert selection"},
+    {Act::requestMenu, 40, "request menu at"},
+    {Act::multiSelect, 30, "multiple selection"},
+    {Act::setClient, 20, "set client"},
 };
 
 constexpr WPARAM KEYS[] = {VK_UP,    VK_DOWN,     VK_UP,    VK_DOWN,  VK_LEFT, VK_RIGHT,

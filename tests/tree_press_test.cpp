@@ -7,46 +7,46 @@ struct PressCase {
   const char* name;
   WPARAM keys;
   char hit;
+  bool controlAnswers;
 
-  const char* selected;
   char caret;
   char anchor;
+  const char* selected;
 
   const char* heard;
   const char* selectedAfter;
   const char* caretAfter;
   const char* anchorAfter;
-  bool controlAnswers;
 };
 
 constexpr WPARAM BOTH = MK_CONTROL | MK_SHIFT;
 
 constexpr PressCase CASES[] = {
-    {"CtrlOff", MK_CONTROL, '-', "PR", 'P', 'Q', "", "PR", "P", "Q", true},
-    {"CtrlAdds", MK_CONTROL, 'S', "Q", 'Q', 'P', "B S S Q E", "QS", "S", "-", false},
-    {"CtrlRemoves", MK_CONTROL, 'Q', "QS", 'S', '-', "B Q Q S E", "S", "Q", "-", false},
-    {"CtrlRemovesTheCaret", MK_CONTROL, 'Q', "Q", 'Q', 'Q', "B 0 Q Q E", "", "Q", "-", false},
-    {"CtrlAddsTheCaret", MK_CONTROL, 'Q', "S", 'Q', '-', "B 0 Q Q E", "QS", "Q", "-", false},
-    {"CtrlWithoutCaret", MK_CONTROL, 'Q', "S", '-', 'P', "B Q Q E", "QS", "Q", "-", false},
-    {"CtrlLeavesTheCaretClear", MK_CONTROL, 'R', "", 'P', '-', "B R R P E", "R", "R", "-", false},
-    {"CtrlShiftIsCtrl", BOTH, 'S', "Q", 'Q', 'P', "B S S Q E", "QS", "S", "-", false},
-    {"CtrlShiftOff", BOTH, '-', "PR", 'P', 'Q', "", "PR", "P", "Q", true},
-    {"ShiftUpwards", MK_SHIFT, 'P', "QRS", 'S', 'Q', "B P P Q R S E", "PQ", "P", "Q", false},
-    {"ShiftDownwards", MK_SHIFT, 'S', "QR", 'P', 'R', "B S P Q R S E", "RS", "S", "R", false},
-    {"ShiftFromCaret", MK_SHIFT, 'S', "Q", 'Q', '-', "B S P Q R S E", "QRS", "S", "Q", false},
-    {"ShiftFromClearCaret", MK_SHIFT, 'R', "", 'Q', '-', "B R P Q R S E", "QR", "R", "Q", false},
-    {"ShiftOnTheAnchor", MK_SHIFT, 'Q', "QRS", 'S', 'Q', "B Q P Q R S E", "Q", "Q", "Q", false},
-    {"ShiftOnTheCaret", MK_SHIFT, 'S', "QRS", 'S', 'Q', "B 0 S P Q R S E", "QRS", "S", "Q", false},
-    {"ShiftCaretIsAnchor", MK_SHIFT, 'Q', "PQ", 'Q', '-', "B 0 Q P Q R S E", "Q", "Q", "Q", false},
-    {"ShiftFromNothing", MK_SHIFT, 'S', "P", '-', '-', "B S E", "PS", "S", "-", true},
-    {"ShiftOff", MK_SHIFT, '-', "P", 'P', 'Q', "B P 0 Q R S E", "QRS", "-", "Q", false},
-    {"ShiftOffFromCaret", MK_SHIFT, '-', "P", 'R', '-', "B P Q 0 R S E", "RS", "-", "R", false},
-    {"ShiftOffFromNothing", MK_SHIFT, '-', "PR", '-', '-', "B E", "PR", "-", "-", true},
-    {"Plain", 0, 'S', "QR", 'Q', '-', "B Q R 0 S E", "S", "S", "-", true},
-    {"PlainOnTheCaret", 0, 'Q', "QR", 'Q', 'S', "B Q R 0 Q E", "Q", "Q", "-", true},
-    {"PlainWithoutCaret", 0, 'S', "P", '-', 'R', "B P S E", "S", "S", "-", true},
-    {"PlainOff", 0, '-', "QR", 'Q', 'P', "B Q R E", "", "Q", "-", true},
-    {"PlainOffWithoutAnything", 0, '-', "", '-', '-', "B E", "", "-", "-", true},
+    {"CtrlOff", MK_CONTROL, '-', true, 'P', 'Q', "PR", "", "PR", "P", "Q"},
+    {"CtrlAdds", MK_CONTROL, 'S', false, 'Q', 'P', "Q", "B S S Q E", "QS", "S", "-"},
+    {"CtrlRemoves", MK_CONTROL, 'Q', false, 'S', '-', "QS", "B Q Q S E", "S", "Q", "-"},
+    {"CtrlRemovesTheCaret", MK_CONTROL, 'Q', false, 'Q', 'Q', "Q", "B 0 Q Q E", "", "Q", "-"},
+    {"CtrlAddsTheCaret", MK_CONTROL, 'Q', false, 'Q', '-', "S", "B 0 Q Q E", "QS", "Q", "-"},
+    {"CtrlWithoutCaret", MK_CONTROL, 'Q', false, '-', 'P', "S", "B Q Q E", "QS", "Q", "-"},
+    {"CtrlLeavesTheCaretClear", MK_CONTROL, 'R', false, 'P', '-', "", "B R R P E", "R", "R", "-"},
+    {"CtrlShiftIsCtrl", BOTH, 'S', false, 'Q', 'P', "Q", "B S S Q E", "QS", "S", "-"},
+    {"CtrlShiftOff", BOTH, '-', true, 'P', 'Q', "PR", "", "PR", "P", "Q"},
+    {"ShiftUpwards", MK_SHIFT, 'P', false, 'S', 'Q', "QRS", "B P P Q R S E", "PQ", "P", "Q"},
+    {"ShiftDownwards", MK_SHIFT, 'S', false, 'P', 'R', "QR", "B S P Q R S E", "RS", "S", "R"},
+    {"ShiftFromCaret", MK_SHIFT, 'S', false, 'Q', '-', "Q", "B S P Q R S E", "QRS", "S", "Q"},
+    {"ShiftFromClearCaret", MK_SHIFT, 'R', false, 'Q', '-', "", "B R P Q R S E", "QR", "R", "Q"},
+    {"ShiftOnTheAnchor", MK_SHIFT, 'Q', false, 'S', 'Q', "QRS", "B Q P Q R S E", "Q", "Q", "Q"},
+    {"ShiftOnTheCaret", MK_SHIFT, 'S', false, 'S', 'Q', "QRS", "B 0 S P Q R S E", "QRS", "S", "Q"},
+    {"ShiftCaretIsAnchor", MK_SHIFT, 'Q', false, 'Q', '-', "PQ", "B 0 Q P Q R S E", "Q", "Q", "Q"},
+    {"ShiftFromNothing", MK_SHIFT, 'S', true, '-', '-', "P", "B S E", "PS", "S", "-"},
+    {"ShiftOff", MK_SHIFT, '-', false, 'P', 'Q', "P", "B P 0 Q R S E", "QRS", "-", "Q"},
+    {"ShiftOffFromCaret", MK_SHIFT, '-', false, 'R', '-', "P", "B P Q 0 R S E", "RS", "-", "R"},
+    {"ShiftOffFromNothing", MK_SHIFT, '-', true, '-', '-', "PR", "B E", "PR", "-", "-"},
+    {"Plain", 0, 'S', true, 'Q', '-', "QR", "B Q R 0 S E", "S", "S", "-"},
+    {"PlainOnTheCaret", 0, 'Q', true, 'Q', 'S', "QR", "B Q R 0 Q E", "Q", "Q", "-"},
+    {"PlainWithoutCaret", 0, 'S', true, '-', 'R', "P", "B P S E", "S", "S", "-"},
+    {"PlainOff", 0, '-', true, 'Q', 'P', "QR", "B Q R E", "", "Q", "-"},
+    {"PlainOffWithoutAnything", 0, '-', true, '-', '-', "", "B E", "", "-", "-"},
 };
 
 class TreePressTest : public TreeTest {

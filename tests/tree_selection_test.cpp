@@ -123,18 +123,18 @@ TEST_F(TreeSelectionTest, WithoutItemsOrControlThereIsNothingToSelect) {
 struct Selecting {
   const char* name;
   bool multiSelect;
-  const char* selected;
   char hit;
+  const char* selected;
   const char* heard;
   const char* selectedAfter;
 };
 
 TEST_F(TreeSelectionTest, HitTestSelectsAnItemThatIsNotSelected) {
   const Selecting cases[] = {
-      {"another item", true, "PQ", 'R', "B P Q R E", "R"},
-      {"a selected item", true, "PQ", 'Q', "", "PQ"},
-      {"the caret without its mark", true, "PR", 'Q', "B P R E", ""},
-      {"one item at most", false, "PQ", 'R', "B R E", "PR"},
+      {"another item", true, 'R', "PQ", "B P Q R E", "R"},
+      {"a selected item", true, 'Q', "PQ", "", "PQ"},
+      {"the caret without its mark", true, 'Q', "PR", "B P R E", ""},
+      {"one item at most", false, 'R', "PQ", "B R E", "PR"},
   };
   for (const Selecting& row : cases) {
     SCOPED_TRACE(row.name);
