@@ -22,11 +22,11 @@ figures=$(mktemp)
 trap 'rm -f "$figures"' EXIT
 {
   processor=$(sed -n 's/^model name[[:space:]]*: //p' /proc/cpuinfo | head -n 1)
-  echo "### One core of $processor, $("$tools/wine.sh" --version), $(date +%Y-%m-%d)"
+  echo "## One core of $processor, $("$tools/wine.sh" --version), $(date +%Y-%m-%d)"
   echo
   echo "Microseconds an item."
   echo
-  "$tools/wine.sh" "${QVL_BUILD_DIR:-build/windows}/bin/bench.exe" "$@" | tr -d '\r'
+  "$tools/wine.sh" "${QVL_BUILD_DIR:-build/windows}/bin/bench.exe" "$@" | sed -u "s/\r$//"
 } | tee "$figures"
 
 if [ -n "${QVL_BENCH_DOC:-}" ]; then
