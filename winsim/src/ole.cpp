@@ -106,6 +106,9 @@ HRESULT WINAPI RegisterDragDrop(HWND window, IDropTarget* target) {
 }
 
 HRESULT WINAPI RevokeDragDrop(HWND window) {
+  if (!FindWindow(window)) {
+    return DRAGDROP_E_INVALIDHWND;
+  }
   if (!Targets().contains(window)) {
     return DRAGDROP_E_NOTREGISTERED;
   }

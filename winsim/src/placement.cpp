@@ -164,6 +164,9 @@ BOOL WINAPI ShowWindow(HWND handle, int command) {
     if (visible && FindWindow(handle)) {
       FindWindow(handle)->invalid = true;
     }
+    if (!visible && (GetFocus() == handle || IsChild(handle, GetFocus()))) {
+      SetFocus(GetParent(handle));
+    }
   }
   return wasVisible;
 }
