@@ -24,6 +24,12 @@ ListControl::ListControl(HWND window) : window_(window) {
   toolTip_ = MakeToolTip(window);
 }
 
+ListControl::~ListControl() {
+  for (const ListRow* row : rows_) {
+    delete row;
+  }
+}
+
 DWORD ListControl::Style() const {
   const Window* window = FindWindow(window_);
   return window ? window->style : 0;

@@ -26,6 +26,9 @@ struct ListRow {
 class ListControl : public Control, public LabelEditOwner {
  public:
   explicit ListControl(HWND window);
+  ~ListControl() override;
+  ListControl(const ListControl&) = delete;
+  ListControl& operator=(const ListControl&) = delete;
 
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
   void EndLabelEdit(bool cancel) override;
@@ -51,6 +54,7 @@ class ListControl : public Control, public LabelEditOwner {
   LRESULT NotifyRow(UINT code, int row, UINT newState, UINT oldState, UINT changed);
 
   // list_rows.cpp
+  void Remove(int row);
   int Insert(const LVITEMW* values);
   bool SetItem(const LVITEMW& values);
   bool SetCell(const LVITEMW& values);
@@ -113,7 +117,7 @@ class ListControl : public Control, public LabelEditOwner {
   HWND edit_ = nullptr;
   int edited_ = -1;
   std::u16string editedText_;
-  std::vector<std::unique_ptr<ListRow>> rows_;
+  std::vector<ListRow*> rows_;  // owned; bare pointers, so that a long list moves quickly
   std::vector<int> columns_;
   DWORD extendedStyle_ = 0;
   int selectedCount_ = 0;

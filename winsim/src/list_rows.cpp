@@ -37,7 +37,8 @@ int ListControl::Insert(const LVITEMW* values) {
   }
   constexpr UINT kTold = LVIS_SELECTED | LVIS_FOCUSED;
   added->state = (state & kTold) ? 0 : state;
-  rows_.insert(rows_.begin() + row, std::move(added));
+  rows_.insert(rows_.begin() + row, added.get());
+  added.release();
   focus_ += focus_ >= row ? 1 : 0;
   mark_ += mark_ >= row ? 1 : 0;
   barsStale_ = true;
@@ -154,6 +155,11 @@ bool ListControl::GetItem(LVITEMW* values) {
   return true;
 }
 
+void ListControl::Remove(int row) {
+  delete rows_[static_cast<std::size_t>(row)];
+  rows_.erase(rows_.begin() + row);
+}
+
 // The row gives up its states first. The focus then is on the row that takes its place, and a
 // selection that it was given meanwhile slips to the row before; nobody hears of either.
 bool ListControl::Delete(int row) {
@@ -175,7 +181,7 @@ bool ListControl::Delete(int row) {
       KeepState(row - 1, Row(row - 1).state | LVIS_SELECTED);
     }
   }
-  rows_.erase(rows_.begin() + row);
+  Remove(row);
   barsStale_ = true;
   mark_ = std::min(mark_ > row ? mark_ - 1 : mark_, Count() - 1);
   if (hadFocus && Count() > 0) {
@@ -201,7 +207,7 @@ bool ListControl::DeleteAll() {
       NotifyRow(LVN_DELETEITEM, last, 0, 0, 0);
     }
     if (!rows_.empty()) {
-      rows_.pop_back();
+      Remove(Count() - 1);
     }
   }
   selectedCount_ = 0;
