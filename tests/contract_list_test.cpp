@@ -89,12 +89,14 @@ class ListContract : public ContractTest {
     return row;
   }
 
-  RECT Bounds(int row) {
+  RECT Part(int row, int part) {
     RECT rect = {};
-    rect.left = LVIR_BOUNDS;
+    rect.left = part;
     SendRecord(LVM_GETITEMRECT, static_cast<WPARAM>(row), &rect);
     return rect;
   }
+
+  RECT Bounds(int row) { return Part(row, LVIR_BOUNDS); }
 
   static int Middle(int row) { return HEADER + row * ROW + ROW / 2; }
 };
@@ -255,36 +257,43 @@ TEST_F(ListContract, PartsOfARowAnswerWithTheirFlags) {
   Insert(6, 0, 0, 2);
   Send(LVM_SETCOLUMNWIDTH, 0, 200);
   constexpr UINT WHOLE = LVHT_ONITEM;
+  // How high a row is and where its label begins depends on the size of the boxes.
+  const RECT first = Part(0, LVIR_BOUNDS);
+  const RECT label = Part(1, LVIR_LABEL);
+  const RECT deepLabel = Part(6, LVIR_LABEL);
+  const int y = (label.top + label.bottom) / 2;
+  const int deepY = (deepLabel.top + deepLabel.bottom) / 2;
   struct Case {
     int x, y, row;
     UINT flags;
   };
   const Case cases[] = {
-      {0, Middle(1), 1, WHOLE},
-      {1, Middle(1), 1, WHOLE},
-      {2, Middle(1), 1, LVHT_ONITEMSTATEICON},
-      {14, Middle(1), 1, LVHT_ONITEMSTATEICON},
-      {15, Middle(1), 1, LVHT_ONITEMLABEL},
-      {199, Middle(1), 1, LVHT_ONITEMLABEL},
-      {200, Middle(1), -1, LVHT_NOWHERE},
-      {33, Middle(6), 6, WHOLE},
-      {34, Middle(6), 6, LVHT_ONITEMSTATEICON},
-      {47, Middle(6), 6, LVHT_ONITEMLABEL},
-      {20, HEADER, 0, LVHT_ONITEMLABEL},
-      {20, HEADER - 1, -1, LVHT_ABOVE},
-      {20, Middle(7), -1, LVHT_NOWHERE},
+      {0, y, 1, WHOLE},
+      {2, y, 1, LVHT_ONITEMSTATEICON},
+      {label.left - 1, y, 1, LVHT_ONITEMSTATEICON},
+      {label.left, y, 1, LVHT_ONITEMLABEL},
+      {199, y, 1, LVHT_ONITEMLABEL},
+      {200, y, -1, LVHT_NOWHERE},
+      {2 + deepLabel.left - label.left - 1, deepY, 6, WHOLE},
+      {2 + deepLabel.left - label.left, deepY, 6, LVHT_ONITEMSTATEICON},
+      {deepLabel.left, deepY, 6, LVHT_ONITEMLABEL},
+      {20, first.top, 0, LVHT_ONITEMLABEL},
+      {20, first.top - 1, -1, LVHT_ABOVE},
+      {20, deepLabel.bottom + 3, -1, LVHT_NOWHERE},
       {20, 397, -1, LVHT_BELOW},
-      {-1, Middle(1), -1, LVHT_TOLEFT},
-      {297, Middle(1), -1, LVHT_TORIGHT},
+      {-1, y, -1, LVHT_TOLEFT},
+      {297, y, -1, LVHT_TORIGHT},
   };
   UINT flags = 0;
   for (const Case& point : cases) {
     EXPECT_EQ(Hit(point.x, point.y, &flags), point.row) << point.x << "," << point.y;
     EXPECT_EQ(flags, point.flags) << point.x << "," << point.y;
   }
-  const HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR16, 0, 1);
+  const HIMAGELIST images = ImageList_Create(16, 40, ILC_COLOR16, 0, 1);
   SendRecord(LVM_SETIMAGELIST, LVSIL_SMALL, images);
-  EXPECT_EQ(Hit(20, HEADER + 17, &flags), 1) << "an image makes the rows higher";
+  const RECT icon = Part(1, LVIR_ICON);
+  EXPECT_GE(Part(1, LVIR_BOUNDS).top, 40) << "an image makes the rows higher";
+  EXPECT_EQ(Hit(icon.left + 1, (icon.top + icon.bottom) / 2, &flags), 1);
   EXPECT_EQ(flags, static_cast<UINT>(LVHT_ONITEMICON));
   Send(LVM_SETIMAGELIST, LVSIL_SMALL, 0);
   ImageList_Destroy(images);

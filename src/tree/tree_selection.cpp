@@ -31,8 +31,9 @@ void QVLTreeView::Report(ItemHandle item) {
 }
 
 void QVLTreeView::MarkAndReport(ItemHandle item, bool selected) {
+  LifeWatch alive(life);
   tree::MarkSelected(controlWindow, item, selected);
-  Report(item);
+  if (alive) Report(item);
 }
 
 int QVLTreeView::GetSelectedCount() {

@@ -12,6 +12,9 @@ constexpr int kTextHeight = 14;
 constexpr int kHeaderHeight = 17;
 constexpr int kMargin = 2;
 constexpr int kDefaultIndent = 16;
+constexpr long long kFarAway = 1 << 24;  // in pixels: beyond every screen
+// Where a row begins stays within the range of coordinates, however deep it is.
+constexpr int kDeepestIndent = 1 << 20;
 constexpr UINT kOnWhole = LVHT_ONITEMICON | LVHT_ONITEMLABEL | LVHT_ONITEMSTATEICON;
 
 SIZE SizeOf(HIMAGELIST list) {
@@ -36,11 +39,14 @@ int ListControl::IconWidth() const { return static_cast<int>(SizeOf(smallImages_
 int ListControl::BoxWidth() const { return static_cast<int>(SizeOf(stateImages_).cx); }
 
 int ListControl::BoxLeft(const ListRow& row) const {
-  const int step = smallImages_ ? IconWidth() : kDefaultIndent;
-  return kMargin + step * row.indent;
+  const long long step = smallImages_ ? IconWidth() : kDefaultIndent;
+  return static_cast<int>(std::clamp(kMargin + step * row.indent, -kFarAway, kFarAway));
 }
 
-int ListControl::TotalWidth() const { return std::accumulate(columns_.begin(), columns_.end(), 0); }
+int ListControl::TotalWidth() const {
+  const long long total = std::accumulate(columns_.begin(), columns_.end(), 0LL);
+  return static_cast<int>(std::clamp(total, 0LL, kFarAway));
+}
 
 int ListControl::ColumnAt(int x) const {
   int right = -scrollX_;
@@ -136,12 +142,11 @@ int ListControl::HitTest(LVHITTESTINFO* info) {
   const POINT point = info->pt;
   info->iItem = -1;
   info->flags = point.x < 0 ? LVHT_TOLEFT : point.x > client.right ? LVHT_TORIGHT : 0;
-  const int y = static_cast<int>(point.y) - HeaderHeight();
-  info->flags |= y < 0 ? LVHT_ABOVE : point.y > client.bottom ? LVHT_BELOW : 0;
+  info->flags |= point.y < HeaderHeight() ? LVHT_ABOVE : point.y > client.bottom ? LVHT_BELOW : 0;
   if (info->flags) {
     return -1;
   }
-  const int row = top_ + y / RowHeight();
+  const int row = top_ + (static_cast<int>(point.y) - HeaderHeight()) / RowHeight();
   const int x = static_cast<int>(point.x) + scrollX_;
   if (!IsRow(row) || x >= TotalWidth()) {
     info->flags = LVHT_NOWHERE;
