@@ -219,7 +219,8 @@ int ListControl::InsertColumn(int index, const LVCOLUMNW* column) {
     return -1;
   }
   const int place = std::min(index, static_cast<int>(columns_.size()));
-  columns_.insert(columns_.begin() + place, (column->mask & LVCF_WIDTH) ? column->cx : 10);
+  columns_.insert(columns_.begin() + place,
+                  (column->mask & LVCF_WIDTH) ? std::clamp(column->cx, 0, 0x7FFF) : 10);
   barsStale_ = true;
   return place;
 }

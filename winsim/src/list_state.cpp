@@ -123,7 +123,7 @@ void ListControl::ToggleBox(int row) {
 }
 
 int ListControl::NextItem(int start, UINT flags) const {
-  for (int row = start + 1; IsRow(row); ++row) {
+  for (int row = std::clamp(start, -1, Count()) + 1; IsRow(row); ++row) {
     if ((Row(row).state & flags & 0xF) == (flags & 0xF)) {
       return row;
     }

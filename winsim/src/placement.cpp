@@ -16,10 +16,10 @@ int FrameOf(const Window& window) {
          ((window.style & WS_BORDER) ? kBorder : 0);
 }
 
-// No window lies or reaches farther than this.
-constexpr int kFarthest = 1 << 24;
-
-int PlacedWithin(int value) { return std::clamp(value, -kFarthest, kFarthest); }
+// Points can lie anywhere; sums wrap round, as the platform's do.
+LONG WrapAdd(LONG a, LONG b) {
+  return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b));
+}
 
 POINT ScreenOrigin(const Window& window) {
   POINT origin = {window.rect.left, window.rect.top};
@@ -82,8 +82,8 @@ BOOL WINAPI ClientToScreen(HWND handle, LPPOINT point) {
     return FALSE;
   }
   const POINT origin = ScreenOrigin(*window);
-  point->x += origin.x + FrameOf(*window);
-  point->y += origin.y + FrameOf(*window);
+  point->x = WrapAdd(point->x, origin.x + FrameOf(*window));
+  point->y = WrapAdd(point->y, origin.y + FrameOf(*window));
   return TRUE;
 }
 
@@ -92,9 +92,8 @@ BOOL WINAPI ScreenToClient(HWND handle, LPPOINT point) {
   if (!ClientToScreen(handle, &origin)) {
     return FALSE;
   }
-  // Wraps like the platform's own arithmetic when a point lies at the end of the range.
-  point->x = static_cast<LONG>(static_cast<DWORD>(point->x) - static_cast<DWORD>(origin.x));
-  point->y = static_cast<LONG>(static_cast<DWORD>(point->y) - static_cast<DWORD>(origin.y));
+  point->x = WrapAdd(point->x, -origin.x);
+  point->y = WrapAdd(point->y, -origin.y);
   return TRUE;
 }
 
@@ -108,8 +107,8 @@ int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count) {
     ScreenToClient(to, &shift);
   }
   for (UINT i = 0; i < count; ++i) {
-    points[i].x += shift.x;
-    points[i].y += shift.y;
+    points[i].x = WrapAdd(points[i].x, shift.x);
+    points[i].y = WrapAdd(points[i].y, shift.y);
   }
   return static_cast<int>(MAKELONG(shift.x, shift.y));
 }

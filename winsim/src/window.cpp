@@ -181,10 +181,13 @@ HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWO
   window->module = module;
   window->id = (style & WS_CHILD) ? reinterpret_cast<LONG_PTR>(menu) : 0;
   window->text = title ? title : u"";
-  const int left = x == CW_USEDEFAULT ? 0 : x;
-  const int top = x == CW_USEDEFAULT ? 0 : y;
-  window->rect = {left, top, left + (width == CW_USEDEFAULT ? 640 : std::max(width, 0)),
-                  top + (width == CW_USEDEFAULT ? 480 : std::max(height, 0))};
+  const bool anywhere = x == CW_USEDEFAULT;
+  const bool anySize = width == CW_USEDEFAULT;
+  const int left = anywhere ? 0 : PlacedWithin(x);
+  const int top = anywhere ? 0 : PlacedWithin(y);
+  const int reach = anySize ? 640 : PlacedWithin(std::max(width, 0));
+  const int depth = anySize ? 480 : PlacedWithin(std::max(height, 0));
+  window->rect = {left, top, left + reach, top + depth};
   window->invalid = (style & WS_VISIBLE) != 0;
   Windows()[window->handle] = window;
   if (above && (style & WS_CHILD)) {

@@ -1,6 +1,7 @@
 // Windows as the stand-in keeps them.
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -58,6 +59,10 @@ struct Window {
   bool ending = false;
   std::shared_ptr<Control> control;
 };
+
+// No window lies or reaches farther than this many pixels.
+constexpr int kFarthest = 1 << 24;
+inline int PlacedWithin(int value) { return std::clamp(value, -kFarthest, kFarthest); }
 
 // The live window of that handle, or null.
 Window* FindWindow(HWND handle);
