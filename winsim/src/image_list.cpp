@@ -34,7 +34,8 @@ Image Fit(const _IMAGELIST& list, const Image& source) {
   const COLORREF back = list.backColor == CLR_NONE ? RGB(0, 0, 0) : list.backColor;
   for (int y = 0; y < list.height; ++y) {
     for (int x = 0; x < list.width; ++x) {
-      const auto place = static_cast<std::size_t>(y * source.width + x);
+      const auto place = static_cast<std::size_t>(y) * static_cast<std::size_t>(source.width) +
+                         static_cast<std::size_t>(x);
       const bool inside = x < source.width && y < source.height;
       const bool shown = inside && source.shown[place];
       image.pixels.push_back(shown || (inside && list.masked) ? source.pixels[place] : back);

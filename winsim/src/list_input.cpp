@@ -67,16 +67,15 @@ LRESULT ListControl::LeftButtonDown(WPARAM keys, LPARAM lParam) {
 
 void ListControl::PressRow(int row, WPARAM keys) {
   const bool selected = (Row(row).state & LVIS_SELECTED) != 0;
-  if ((Style() & LVS_SINGLESEL) && selected) {
+  const bool single = (Style() & LVS_SINGLESEL) != 0;
+  if (single && selected) {
     return;
   }
-  if (Style() & LVS_SINGLESEL) {
-    SelectOnly(row);
-  } else if (keys & MK_CONTROL) {
+  if (!single && (keys & MK_CONTROL)) {
     const bool adds = (keys & MK_SHIFT) || !selected;
     ChangeState(row, LVIS_FOCUSED | (adds ? LVIS_SELECTED : 0), kBoth);
     mark_ = row;
-  } else if (keys & MK_SHIFT) {
+  } else if (!single && (keys & MK_SHIFT)) {
     SelectRange(row);
   } else if (selected) {
     pressedRow_ = row;

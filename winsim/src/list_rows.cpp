@@ -37,8 +37,8 @@ int ListControl::Insert(const LVITEMW* values) {
   }
   constexpr UINT kTold = LVIS_SELECTED | LVIS_FOCUSED;
   added->state = (state & kTold) ? 0 : state;
-  rows_.insert(rows_.begin() + row, added.get());
-  added.release();
+  rows_.insert(rows_.begin() + row, nullptr);
+  rows_[static_cast<std::size_t>(row)] = added.release();
   focus_ += focus_ >= row ? 1 : 0;
   mark_ += mark_ >= row ? 1 : 0;
   barsStale_ = true;

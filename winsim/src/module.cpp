@@ -60,7 +60,7 @@ bool IsSystemLibrary(const std::u16string& name) {
 
 // A library "name.dll" is built here as "libname.so".
 std::string LocalName(const std::u16string& name) {
-  const std::string plain = ToUtf8(name);
+  std::string plain = ToUtf8(name);
   const std::string ending = ".dll";
   if (plain.size() > ending.size() && ToLower(name).ends_with(u".dll")) {
     return "lib" + plain.substr(0, plain.size() - ending.size()) + ".so";

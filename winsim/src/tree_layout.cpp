@@ -241,7 +241,8 @@ LRESULT TreeControl::HitTest(TVHITTESTINFO* info) {
   if (info->flags) {
     return 0;
   }
-  const auto row = static_cast<std::size_t>(FirstRow() + info->pt.y / rowHeight_);
+  const int visibleRow = FirstRow() + static_cast<int>(info->pt.y) / rowHeight_;
+  const auto row = static_cast<std::size_t>(visibleRow);
   if (row >= rows_.size()) {
     info->flags = TVHT_NOWHERE;
     return 0;
