@@ -65,6 +65,10 @@ bool QVLListView::CreateControl(int width, int height, QVLTreeViewStyleExt* styl
   if (!controlWindow) return false;
   SubclassControl();
   list::SetExtendedStyle(controlWindow, listStyle);
+  // The control shares its image lists, so it does not free this one either.
+  if (listStyle & LVS_EX_CHECKBOXES) {
+    checkBoxImages.Own(list::ImageList(controlWindow, LVSIL_STATE));
+  }
   return true;
 }
 
@@ -116,6 +120,7 @@ void QVLListView::Destroy() {
   usingSystemImages = false;
   multiSelect = false;
   clientColumns = false;
+  checkBoxImages.Free();
 }
 
 HWND QVLListView::GetControlWindow() { return controlWindow; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/qvl.h"
+#include "view/check_box_images.h"
 #include "view/life_watch.h"
 #include "view/redraw_pause.h"
 
@@ -9,7 +10,7 @@ class QVLShellContextMenu;
 
 // A flat sequence of rows in report mode; a row's indent is all there is of a hierarchy, and a
 // handle is the row's index. The control is the only store of rows and selection. Owns its two
-// windows.
+// windows and the state images that the control made for check boxes.
 class QVLListView final : public IQVLTreeView {
  public:
   void SetOwner(IQVLTreeView* newOwner) { owner = newOwner; }
@@ -107,6 +108,7 @@ class QVLListView final : public IQVLTreeView {
   bool multiSelect = false;
   bool clientColumns = false;
   QVLShellContextMenu* activeContextMenu = nullptr;
+  CheckBoxImages checkBoxImages;
   ControlRedraw redraw;
   ViewLife life;
 };

@@ -172,6 +172,10 @@ inline void SetImageList(HWND control, WPARAM kind, HIMAGELIST images) {
   SendMessageW(control, LVM_SETIMAGELIST, kind, reinterpret_cast<LPARAM>(images));
 }
 
+inline HIMAGELIST ImageList(HWND control, WPARAM kind) {
+  return reinterpret_cast<HIMAGELIST>(SendMessageW(control, LVM_GETIMAGELIST, kind, 0));
+}
+
 // The background of the control and of its text.
 inline void SetBkColor(HWND control, COLORREF color) {
   SendMessageW(control, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));

@@ -1,5 +1,4 @@
 // How the tree's windows come into being and go away.
-#include "platform/activation.h"
 #include "platform/tree_control.h"
 #include "tree/tree_view.h"
 #include "view/style_map.h"
@@ -66,13 +65,7 @@ void QVLTreeView::MakeCheckBoxImages() {
   const LONG_PTR withBoxes = GetWindowLongPtrW(controlWindow, GWL_STYLE);
   SetWindowLongPtrW(controlWindow, GWL_STYLE, withBoxes & ~static_cast<LONG_PTR>(TVS_CHECKBOXES));
   SetWindowLongPtrW(controlWindow, GWL_STYLE, withBoxes);
-  checkBoxImages = tree::ImageList(controlWindow, TVSIL_STATE);
-}
-
-// The control never frees the boxes that it made.
-void QVLTreeView::FreeCheckBoxImages() {
-  if (checkBoxImages) activated::ImageList_Destroy(checkBoxImages);
-  checkBoxImages = nullptr;
+  checkBoxImages.Own(tree::ImageList(controlWindow, TVSIL_STATE));
 }
 
 void QVLTreeView::Destroy() {
@@ -80,7 +73,7 @@ void QVLTreeView::Destroy() {
   client = nullptr;
   usingSystemImages = false;
   multiSelect = false;
-  FreeCheckBoxImages();
+  checkBoxImages.Free();
 }
 
 HWND QVLTreeView::GetControlWindow() { return controlWindow; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/qvl.h"
+#include "view/check_box_images.h"
 #include "view/life_watch.h"
 #include "view/redraw_pause.h"
 
@@ -81,7 +82,6 @@ class QVLTreeView final : public IQVLTreeView {
   bool CreateControl(int width, int height, QVLTreeViewStyleExt* styleExt);
   void SubclassControl();
   void MakeCheckBoxImages();
-  void FreeCheckBoxImages();
   void ApplyCheckAndSelection(const QVLTreeViewItem& item, HeldItem& handle);
 
   // Shell icons.
@@ -135,7 +135,7 @@ class QVLTreeView final : public IQVLTreeView {
   bool multiSelect = false;
   ItemHandle selectionAnchor = 0;
   QVLShellContextMenu* activeContextMenu = nullptr;
-  HIMAGELIST checkBoxImages = nullptr;
+  CheckBoxImages checkBoxImages;
   ControlRedraw redraw;
   ViewLife life;
 };

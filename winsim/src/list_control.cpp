@@ -212,7 +212,10 @@ LRESULT ListControl::HandleWindow(UINT message, WPARAM wParam, LPARAM lParam) {
       DeleteAll();
       return 0;
     case WM_NCDESTROY:
-      ImageList_Destroy(std::exchange(ownBoxes_, nullptr));
+      // Even the boxes that it made itself are left alone by a list that shares its images.
+      if (!(Style() & LVS_SHAREIMAGELISTS)) {
+        ImageList_Destroy(std::exchange(ownBoxes_, nullptr));
+      }
       return 0;
     default:
       return DefWindowProcW(window_, message, wParam, lParam);
