@@ -12,4 +12,4 @@ find build/coverage -name '*.gcda' -delete
 ctest --test-dir build/coverage --output-on-failure
 mkdir -p build/coverage/report
 gcovr --root . --object-directory build/coverage --filter 'src/' --exclude-throw-branches \
-  --html-details build/coverage/report/index.html --print-summary --txt-metric line
+  --html-details build/coverage/report/index.html --print-summary
