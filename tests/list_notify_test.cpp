@@ -206,6 +206,18 @@ TEST_F(ListNotifyTest, LabelEditsGoAsTheClientSays) {
   EXPECT_EQ(Text(0), TEXT("c"));
 }
 
+TEST_F(ListNotifyTest, AClientThatTakesOverInsideABracketHearsNothingOfIt) {
+  Open();
+  Insert(TEXT("a"));
+  RecordingClient other;
+  other.view = view;
+  client.onBeginSelectionChange = [&] { view->SetClient(&other); };
+  view->SetItemSelected(0, true);
+  EXPECT_EQ(client.Take(), Lines{"Begin"});
+  EXPECT_EQ(other.Take(), Lines());
+  view->SetClient(nullptr);
+}
+
 TEST_F(ListNotifyTest, AClickOnATitleNamesTheColumn) {
   for (const std::uint32_t flags : {QVLS_SORTHEADER, 0u}) {
     UseClientColumns({100, 80});

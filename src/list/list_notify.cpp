@@ -46,7 +46,7 @@ void QVLListView::HandleReport(NMHDR& header) {
 // selection.
 void QVLListView::HandleItemChanged(ItemHandle row) {
   SelectionBracket bracket(owner, client, life);
-  if (bracket && client) client->OnItemSelectionChanged(owner, row);
+  if (bracket.IsHeard()) client->OnItemSelectionChanged(owner, row);
 }
 
 void QVLListView::HandleInfoTip(NMLVGETINFOTIPW& record) {

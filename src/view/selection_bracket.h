@@ -16,11 +16,14 @@ class SelectionBracket {
   SelectionBracket(const SelectionBracket&) = delete;
   SelectionBracket& operator=(const SelectionBracket&) = delete;
   ~SelectionBracket() {
-    if (alive && opened && opened == current) opened->OnEndSelectionChange(owner);
+    if (IsHeard()) opened->OnEndSelectionChange(owner);
   }
 
   // Whether the view is still there.
   explicit operator bool() const { return static_cast<bool>(alive); }
+
+  // Whether the view still has the client that heard the opening.
+  bool IsHeard() const { return alive && opened && opened == current; }
 
  private:
   LifeWatch alive;
