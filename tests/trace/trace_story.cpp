@@ -221,12 +221,13 @@ std::string TraceStory::Press(TraceView& chosen, UINT message) {
   constexpr std::array<WPARAM, 4> KEYS = {0, MK_SHIFT, MK_CONTROL, MK_SHIFT | MK_CONTROL};
   const ItemHandle item = chosen.AnyItem();
   const POINT point = PointOn(chosen, item);
-  // The list reads Shift and Ctrl from the keyboard, where the story presses neither.
-  const WPARAM keys = chosen.IsList() ? 0 : KEYS[static_cast<std::size_t>(dice.Below(4))];
+  const WPARAM keys = KEYS[static_cast<std::size_t>(dice.Below(chosen.IsList() ? 3 : 4))];
+  chosen.reacts = !chosen.IsList() || keys != MK_SHIFT;
   const HWND control = chosen.Control();
   PostMessageW(control, WM_LBUTTONUP, 0, Packed(point));
   SendMessageW(control, message, keys | MK_LBUTTON, Packed(point));
   Pump();
+  chosen.reacts = true;
   return "pressed " + chosen.Name(item);
 }
 
@@ -234,10 +235,12 @@ std::string TraceStory::Key(TraceView& chosen) {
   constexpr std::array<WPARAM, 9> KEYS = {VK_UP,  VK_DOWN,  VK_LEFT, VK_RIGHT, VK_HOME,
                                           VK_END, VK_SHIFT, VK_BACK, VK_DELETE};
   const WPARAM key = KEYS[static_cast<std::size_t>(dice.Below(9))];
-  const bool shift = !chosen.IsList() && dice.OneIn(2);
+  const bool shift = dice.OneIn(2);
+  chosen.reacts = !chosen.IsList() || !shift;
   HoldShift(shift);
   SendMessageW(chosen.Control(), WM_KEYDOWN, key, 1);
   HoldShift(false);
+  chosen.reacts = true;
   return "key " + Text(static_cast<std::int64_t>(key)) + (shift ? " with shift" : "");
 }
 

@@ -126,7 +126,7 @@ void TraceView::Insert() {
 
 // What a host may do in the middle of a call, twice deep at the most.
 void TraceView::React() {
-  if (reacting == 2 || !dice.OneIn(12)) return;
+  if (!reacts || reacting == 2 || !dice.OneIn(12)) return;
   ++reacting;
   const int reaction = dice.Below(8);
   writeLine("    " + name + " reacts " + std::to_string(reaction));

@@ -53,6 +53,7 @@ class TraceView final : public IQVLTreeViewClient {
   IQVLTreeView* view;
   const std::string name;
   bool listening = true;
+  bool reacts = true;  // to what it hears
 
   void OnContextMenu(IQVLTreeView* from, int x, int y, ItemHandle item,
                      std::uint32_t hitFlags) override;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <commctrl.h>
@@ -72,6 +73,8 @@ class ListControl : public Control, public LabelEditOwner {
   void DeselectRows(const std::function<bool(int)>& concerned);
   void DeselectOthers(int row);
   void SelectOnly(int row);
+  std::pair<int, int> StretchTo(int row);
+  void DeselectOutside(int row);
   void SelectRange(int row);
   void FocusOn(int row);
   void ToggleBox(int row);

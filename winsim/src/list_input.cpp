@@ -71,12 +71,14 @@ void ListControl::PressRow(int row, WPARAM keys) {
   if (single && selected) {
     return;
   }
-  if (!single && (keys & MK_CONTROL)) {
-    const bool adds = (keys & MK_SHIFT) || !selected;
-    ChangeState(row, LVIS_FOCUSED | (adds ? LVIS_SELECTED : 0), kBoth);
-    mark_ = row;
-  } else if (!single && (keys & MK_SHIFT)) {
+  if (!single && (keys & MK_SHIFT)) {
+    if (!(keys & MK_CONTROL)) {
+      DeselectOutside(row);
+    }
     SelectRange(row);
+  } else if (!single && (keys & MK_CONTROL)) {
+    ChangeState(row, LVIS_FOCUSED | (selected ? 0 : LVIS_SELECTED), kBoth);
+    mark_ = row;
   } else if (selected) {
     pressedRow_ = row;
     FocusOn(row);
@@ -209,6 +211,7 @@ void ListControl::MoveByKey(int row) {
     return;
   }
   if (!(Style() & LVS_SINGLESEL) && IsDown(VK_SHIFT)) {
+    DeselectOutside(row);
     SelectRange(row);
   } else if (!(Style() & LVS_SINGLESEL) && IsDown(VK_CONTROL)) {
     FocusOn(row);

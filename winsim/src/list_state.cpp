@@ -91,14 +91,21 @@ void ListControl::SelectOnly(int row) {
   }
 }
 
-// From the mark to the row, and nothing else.
-void ListControl::SelectRange(int row) {
+// Both ends of the stretch from the mark to the row, which begins there where there is no mark.
+std::pair<int, int> ListControl::StretchTo(int row) {
   if (mark_ == -1) {
     mark_ = row;
   }
-  const int first = std::min(mark_, row);
-  const int last = std::max(mark_, row);
+  return std::minmax({mark_, row});
+}
+
+void ListControl::DeselectOutside(int row) {
+  const auto [first, last] = StretchTo(row);
   DeselectRows([first, last](int other) { return other < first || other > last; });
+}
+
+void ListControl::SelectRange(int row) {
+  const auto [first, last] = StretchTo(row);
   for (int i = first; !Gone() && i <= last && i < Count(); ++i) {
     ChangeState(i, LVIS_SELECTED, LVIS_SELECTED);
   }
