@@ -9,16 +9,14 @@ constexpr std::uint32_t kSelected = 0x2;
 constexpr std::uint32_t kChecked = 0x4;
 constexpr std::uint32_t kCut = 0x8;
 
-// A text that cannot be copied leaves the field empty. The copy is made before the old text goes,
-// since a host may pass the field its own text.
+// A text that cannot be copied leaves the field empty. The field keeps its memory for the next
+// text, since a host fills one record again and again; it may be given a part of its own text.
 void CopyText(std::basic_string<WCHAR>& field, const WCHAR* text) noexcept {
-  std::basic_string<WCHAR> copy;
   try {
-    if (text) copy = text;
+    field.assign(text ? text : TEXT(""));
   } catch (const std::exception&) {
-    copy.clear();
+    field.clear();
   }
-  field.swap(copy);
 }
 
 std::uint32_t WithFlag(std::uint32_t flags, std::uint32_t bit, bool value) noexcept {

@@ -42,7 +42,6 @@ TEST(MemoryOfARecord, TextThatCannotBeCopiedEmptiesItsField) {
   const Text longText(1000, TEXT('x'));
   QVLTreeViewItem item;
   item.SetItemName(TEXT("short"));
-  item.SetFileName(longText.c_str());
   {
     MemoryEnds now;
     item.SetItemName(longText.c_str());
