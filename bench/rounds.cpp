@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
+#include <iterator>
 #include <stdexcept>
 
 namespace {
@@ -39,6 +41,14 @@ double Median(std::vector<double> values) {
   return *middle;
 }
 
+std::vector<double> Ratios(const std::vector<double>& dividends,
+                           const std::vector<double>& divisors) {
+  std::vector<double> ratios;
+  std::transform(dividends.begin(), dividends.end(), divisors.begin(), std::back_inserter(ratios),
+                 std::divides<>());
+  return ratios;
+}
+
 }  // namespace
 
 Pair::Pair(Kind kindOfBoth, bool icons) : kind(kindOfBoth), host(MakeHost()) {
@@ -70,8 +80,8 @@ std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rou
   std::vector<Figure> figures;
   for (std::size_t i = 0; i < steps.size(); ++i) {
     if (!steps[i].measured) continue;
-    figures.push_back(
-        {kind, steps[i].operation, size, Median(bareTimes[i]), Median(libraryTimes[i])});
+    figures.push_back({kind, steps[i].operation, size, Median(bareTimes[i]),
+                       Median(libraryTimes[i]), Median(Ratios(libraryTimes[i], bareTimes[i]))});
   }
   return figures;
 }

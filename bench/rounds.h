@@ -15,13 +15,15 @@ struct Step {
   bool measured = true;
 };
 
-// Microseconds an item, the medians of all rounds.
+// Microseconds an item and library by bare, the medians of all rounds. Both sides of a round share
+// the machine's mood, so that the median of their ratios tells more than the ratio of the medians.
 struct Figure {
   Kind kind;
   std::string operation;
   int size;
-  double bare;
-  double library;
+  double bareTime;
+  double libraryTime;
+  double ratio;
 };
 
 // A host's window with both sides in it.
