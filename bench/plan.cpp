@@ -9,7 +9,9 @@ namespace {
 constexpr Filling kAsAdvised{true, false};
 
 Step Fill(const std::string& operation, int size, const Filling& filling) {
-  return {operation, [=](Side& side) { side.Fill(size, filling); }};
+  Step step{operation, [=](Side& side) { side.Fill(size, filling); }};
+  step.fills = true;
+  return step;
 }
 
 Step Do(const std::string& operation, void (Side::*run)()) {

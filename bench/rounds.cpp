@@ -71,10 +71,11 @@ std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rou
   for (int round = 0; round < rounds; ++round) {
     for (std::size_t i = 0; i < steps.size(); ++i) {
       const bool bareFirst = (round + static_cast<int>(i)) % 2 == 0;
-      if (bareFirst) bareTimes[i].push_back(Time(steps[i], *bare, size));
-      libraryTimes[i].push_back(Time(steps[i], *library, size));
-      if (!bareFirst) bareTimes[i].push_back(Time(steps[i], *bare, size));
-      Compare(steps[i].operation);
+      Side& first = bareFirst ? *bare : *library;
+      Side& second = bareFirst ? *library : *bare;
+      const auto [firstTime, secondTime] = Time(steps[i], first, second, size);
+      bareTimes[i].push_back(bareFirst ? firstTime : secondTime);
+      libraryTimes[i].push_back(bareFirst ? secondTime : firstTime);
     }
   }
   std::vector<Figure> figures;
@@ -84,6 +85,19 @@ std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rou
                        Median(libraryTimes[i]), Median(Ratios(libraryTimes[i], bareTimes[i]))});
   }
   return figures;
+}
+
+// Where memory is taken, the second would find less of it at hand than the first, unless the first
+// gives back what it took.
+std::pair<double, double> Pair::Time(const Step& step, Side& first, Side& second, int size) const {
+  const double firstTime = Time(step, first, size);
+  const std::int64_t calls = first.calls;
+  if (step.fills) first.DeleteAllItems();
+  const double secondTime = Time(step, second, size);
+  first.calls = calls;
+  Compare(step.operation);
+  if (step.fills) step.run(first);
+  return {firstTime, secondTime};
 }
 
 double Pair::Time(const Step& step, Side& side, int size) {

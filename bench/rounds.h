@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "side.h"
@@ -12,6 +13,7 @@ struct Step {
   std::function<void(Side&)> run;
   std::function<void(Side&)> prepare = {};  // before each run, not measured
   bool readsOnly = false;                   // is run often enough for the clock
+  bool fills = false;                       // begins with an empty view
   bool measured = true;
 };
 
@@ -39,7 +41,8 @@ class Pair {
   std::vector<Figure> Play(const std::vector<Step>& steps, int size, int rounds);
 
  private:
-  double Time(const Step& step, Side& side, int size);
+  std::pair<double, double> Time(const Step& step, Side& first, Side& second, int size) const;
+  static double Time(const Step& step, Side& side, int size);
   void Compare(const std::string& operation) const;
 
   const Kind kind;
