@@ -103,6 +103,7 @@ WINSIM_API HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR
 WINSIM_API BOOL WINAPI DestroyWindow(HWND window);
 WINSIM_API BOOL WINAPI IsWindow(HWND window);
 WINSIM_API BOOL WINAPI IsWindowVisible(HWND window);
+WINSIM_API BOOL WINAPI IsWindowUnicode(HWND window);
 WINSIM_API BOOL WINAPI IsChild(HWND parent, HWND window);
 WINSIM_API BOOL WINAPI ShowWindow(HWND window, int command);
 WINSIM_API BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);

@@ -94,6 +94,9 @@ int WINAPI GetDlgCtrlID(HWND window) {
 
 HWND WINAPI GetDesktopWindow() { return nullptr; }
 
+// There is no other character set here.
+BOOL WINAPI IsWindowUnicode(HWND window) { return FindWindow(window) != nullptr; }
+
 BOOL WINAPI IsWindowVisible(HWND window) {
   const Window* known = FindWindow(window);
   while (known && (known->style & WS_VISIBLE)) {
