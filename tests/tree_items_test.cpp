@@ -243,22 +243,19 @@ TEST_F(TreeItems, TheControlHearsEverythingElseAsItIs) {
     LRESULT answer;
     std::int64_t result;
   };
+  IQVLTreeView& v = *view;
   const Row rows[] = {
-      {[this] { return view->GetParentItem(0); }, TVM_GETNEXTITEM, TVGN_PARENT, 0, 0, 0},
-      {[this] { return view->GetFirstChildItem(WIDE); }, TVM_GETNEXTITEM, TVGN_CHILD, WIDE, WIDE,
-       WIDE},
-      {[this] { return view->GetNextSiblingItem(WIDE); }, TVM_GETNEXTITEM, TVGN_NEXT, WIDE, WIDE,
-       WIDE},
-      {[this] { return view->DeleteItem(WIDE); }, TVM_DELETEITEM, 0, WIDE, LOW_HALF_EMPTY, 0},
-      {[this] { return view->DeleteItem(WIDE); }, TVM_DELETEITEM, 0, WIDE, 2, 1},
-      {[this] { return view->ExpandItem(-1, true), 0; }, TVM_EXPAND, TVE_EXPAND, -1, 0, 0},
-      {[this] { return view->ExpandItem(WIDE, false), 0; }, TVM_EXPAND, TVE_COLLAPSE, WIDE, 0, 0},
-      {[this] { return view->IsItemExpanded(WIDE); }, TVM_GETITEMSTATE, WIDE, TVIS_EXPANDED, 0x20,
-       1},
-      {[this] { return view->IsItemExpanded(WIDE); }, TVM_GETITEMSTATE, WIDE, TVIS_EXPANDED, 0xFFDF,
-       0},
-      {[this] { return view->EnsureVisible(WIDE), 0; }, TVM_ENSUREVISIBLE, 0, WIDE, 0, 0},
-      {[this] { return view->EnsureVisible(-1), 0; }, TVM_ENSUREVISIBLE, 0, Item('a'), 0, 0},
+      {[&] { return v.GetParentItem(0); }, TVM_GETNEXTITEM, TVGN_PARENT, 0, 0, 0},
+      {[&] { return v.GetFirstChildItem(WIDE); }, TVM_GETNEXTITEM, TVGN_CHILD, WIDE, WIDE, WIDE},
+      {[&] { return v.GetNextSiblingItem(WIDE); }, TVM_GETNEXTITEM, TVGN_NEXT, WIDE, WIDE, WIDE},
+      {[&] { return v.DeleteItem(WIDE); }, TVM_DELETEITEM, 0, WIDE, LOW_HALF_EMPTY, 0},
+      {[&] { return v.DeleteItem(WIDE); }, TVM_DELETEITEM, 0, WIDE, 2, 1},
+      {[&] { return v.ExpandItem(-1, true), 0; }, TVM_EXPAND, TVE_EXPAND, -1, 0, 0},
+      {[&] { return v.ExpandItem(WIDE, false), 0; }, TVM_EXPAND, TVE_COLLAPSE, WIDE, 0, 0},
+      {[&] { return v.IsItemExpanded(WIDE); }, TVM_GETITEMSTATE, WIDE, TVIS_EXPANDED, 0x20, 1},
+      {[&] { return v.IsItemExpanded(WIDE); }, TVM_GETITEMSTATE, WIDE, TVIS_EXPANDED, 0xFFDF, 0},
+      {[&] { return v.EnsureVisible(WIDE), 0; }, TVM_ENSUREVISIBLE, 0, WIDE, 0, 0},
+      {[&] { return v.EnsureVisible(-1), 0; }, TVM_ENSUREVISIBLE, 0, Item('a'), 0, 0},
   };
   for (const Row& row : rows) {
     SentMessages sent;

@@ -55,44 +55,36 @@ TEST_F(TreeNotifyTest, ALabelEditAsksTheClientAtBothEnds) {
   EXPECT_EQ(TextOf(item), TEXT("new")) << "and takes nothing";
 }
 
-// Label edits are heard from any child, the rest from the control alone; -1 tests the sign.
+// Label edits are heard from any child, the rest from the control alone, by its id and the sign of
+// that.
 TEST_F(TreeNotifyTest, TheSendersIdDecidesWhatIsHeard) {
-  for (const int id : {CONTROL_ID + 1, -1}) {
+  constexpr int ID = -5;
+  control = view->Create(host, ID, 0, 0, WIDTH, HEIGHT, 0, nullptr);
+  const ItemHandle item = Insert(TEXT("T"));
+  const UINT codes[] = {TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW, TVN_GETINFOTIPW, TVN_BEGINDRAGW};
+  client.Take();
+  for (const int id : {5, -6}) {
     for (const bool answer : {false, true}) {
       client.onLabelEdit = [answer](NMHDR*, std::uint32_t) { return answer; };
       EXPECT_EQ(TellLabelEdit(TVN_BEGINLABELEDITW, id), answer ? 1 : 0);
       EXPECT_EQ(TellLabelEdit(TVN_ENDLABELEDITW, id), answer ? 1 : 0);
     }
     EXPECT_EQ(client.Take().size(), 4U);
-    for (const UINT code : {TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW, TVN_BEGINDRAGW, TVN_GETINFOTIPW}) {
-      NotifyOf(Item('Q'), code, id);
-    }
+    for (const UINT code : codes) NotifyOf(item, code, id);
     EXPECT_EQ(Heard(), "") << id;
   }
-  NotifyOf(Item('Q'), TVN_SELCHANGEDW);
-  NotifyOf(0, TVN_SELCHANGEDW);
-  NotifyOf(Item('R'), TVN_ITEMEXPANDEDW);
+  NotifyOf(item, TVN_SELCHANGEDW, ID);
+  NotifyOf(0, TVN_SELCHANGEDW, ID);
+  NotifyOf(item, TVN_ITEMEXPANDEDW, ID);
   for (const UINT code : {TVN_SELCHANGINGW, TVN_ITEMEXPANDINGW, TVN_KEYDOWN}) {
-    NotifyOf(Item('Q'), code);
+    NotifyOf(item, code, ID);
   }
-  EXPECT_EQ(Heard(), "Q 0 Expanded R");
-  Given("P - PQ");
+  EXPECT_EQ(Heard(), "T 0 Expanded T");
   view->SetClient(nullptr);
-  for (const UINT code : {TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW, TVN_BEGINDRAGW, TVN_GETINFOTIPW}) {
-    NotifyOf(Item('R'), code);
-  }
-  RequestMenu(LabelPoint(Item('R')));
+  for (const UINT code : codes) NotifyOf(item, code, ID);
+  RequestMenu(LabelPoint(item));
   EXPECT_EQ(Heard(), "") << "without a client";
-  EXPECT_EQ(Selected(), "PQ");
-}
-
-TEST_F(TreeNotifyTest, ANegativeControlIdIsComparedWithItsSign) {
-  control = view->Create(host, -5, 0, 0, WIDTH, HEIGHT, 0, nullptr);
-  const ItemHandle item = Insert(TEXT("T"));
-  client.Take();
-  MoveCaret(item);
-  NotifyOf(item, TVN_SELCHANGEDW, 5);
-  EXPECT_EQ(Heard(), "T") << "of the first alone";
+  EXPECT_EQ(Selected(), "");
 }
 
 TEST_F(TreeNotifyTest, TheClientsTipTextIsTakenAsItIs) {

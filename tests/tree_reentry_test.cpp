@@ -8,17 +8,10 @@ namespace {
 
 // The item that a message to the control names, or null.
 HTREEITEM NamedItem(UINT message, WPARAM wParam, LPARAM lParam) {
-  switch (message) {
-    case TVM_GETITEMSTATE:
-      return reinterpret_cast<HTREEITEM>(wParam);
-    case TVM_GETNEXTITEM:
-    case TVM_SELECTITEM:
-      return reinterpret_cast<HTREEITEM>(lParam);
-    case TVM_SETITEMW:
-      return reinterpret_cast<TVITEMW*>(lParam)->hItem;
-    default:
-      return nullptr;
-  }
+  if (message == TVM_GETITEMSTATE) return reinterpret_cast<HTREEITEM>(wParam);
+  if (message == TVM_SETITEMW) return reinterpret_cast<TVITEMW*>(lParam)->hItem;
+  const bool named = message == TVM_GETNEXTITEM || message == TVM_SELECTITEM;
+  return named ? reinterpret_cast<HTREEITEM>(lParam) : nullptr;
 }
 
 // Stands before the library's SendMessageW: an item that has been deleted must never be named. Only

@@ -1,8 +1,62 @@
-// The tree's selection and its hit test, as far as the random walk of tree_model_test does not
-// come.
+// What presses of the left button, keys and hit tests do to selection, caret and anchor of a tree,
+// and what of them the control gets to see. tree_model_test has the rest, at random.
+#include <span>
+
 #include "support/tree_gestures.h"
 
 namespace {
+
+constexpr WPARAM CTRL = MK_CONTROL;
+constexpr WPARAM SHIFT = MK_SHIFT;
+constexpr LRESULT ANSWER = ForwardWatch::ANSWER;
+
+struct Gesture {
+  const char* name;
+  WPARAM modifiers;
+  WPARAM target;       // the name of the item that is pressed, '-' beside them, or the key
+  const char* before;  // caret, anchor and selection
+  const char* heard;
+  const char* after;
+  LRESULT answer;
+};
+
+constexpr Gesture PRESSES[] = {
+    {"Ctrl off", CTRL, '-', "P Q PR", "", "P Q PR", ANSWER},
+    {"Ctrl adds", CTRL, 'S', "Q P Q", "B S S Q E", "S - QS", 0},
+    {"Ctrl removes", CTRL, 'Q', "S - QS", "B Q Q S E", "Q - S", 0},
+    {"Ctrl removes the caret", CTRL, 'Q', "Q Q Q", "B 0 Q Q E", "Q - ", 0},
+    {"Shift upwards", SHIFT, 'P', "S Q QRS", "B P P Q R S E", "P Q PQ", 0},
+    {"Shift from the caret", SHIFT, 'S', "Q - Q", "B S P Q R S E", "S Q QRS", 0},
+    {"Shift on the caret", SHIFT, 'S', "S Q QRS", "B 0 S P Q R S E", "S Q QRS", 0},
+    {"Shift from nothing", SHIFT, 'S', "- - P", "B S E", "S - PS", ANSWER},
+    {"Shift off", SHIFT, '-', "P Q P", "B P 0 Q R S E", "- Q QRS", 0},
+    {"plain", 0, 'S', "Q - QR", "B Q R 0 S E", "S - S", ANSWER},
+    {"plain off", 0, '-', "Q P QR", "B Q R E", "Q - ", ANSWER},
+};
+
+constexpr Gesture SINGLE_PRESSES[] = {
+    {"plain", 0, 'S', "Q P PQR", "S", "S P PRS", ANSWER},
+    {"Shift", SHIFT, 'S', "Q P PQR", "S", "S P PRS", ANSWER},
+    {"plain off", 0, '-', "Q P PQR", "", "Q P PQR", ANSWER},
+};
+
+constexpr Gesture KEYS[] = {
+    {"Shift+Down starts afresh", SHIFT, VK_DOWN, "Q - PS", "B P S R Q E", "R Q QR", 0},
+    {"Shift+Down grows on", SHIFT, VK_DOWN, "R Q QR", "B S R E", "S Q QRS", 0},
+    {"Shift+Down shrinks", SHIFT, VK_DOWN, "P R PQR", "B Q E", "Q R QR", 0},
+    {"Shift+Down from the last", SHIFT, VK_DOWN, "S - S", "B S E", "S S ", 0},
+    {"Shift+Up grows", SHIFT, VK_UP, "R - R", "B R Q R E", "Q R QR", 0},
+    {"Ctrl+Shift is Shift", CTRL | SHIFT, VK_DOWN, "R Q QR", "B S R E", "S Q QRS", 0},
+    {"Down", 0, VK_DOWN, "Q P PQ", "B P Q E R", "R - R", ANSWER},
+    {"Shift+End", SHIFT, VK_END, "Q P QR", "B Q R E S", "S - S", ANSWER},
+    {"Space", 0, VK_SPACE, "R Q QR", "B Q R E", "R - ", ANSWER},
+    {"below Space", 0, VK_SPACE - 1, "R Q QR", "", "R Q QR", ANSWER},
+};
+
+constexpr Gesture SINGLE_KEYS[] = {
+    {"Shift+Down", SHIFT, VK_DOWN, "Q P PQ", "R", "R P PR", ANSWER},
+    {"Space", 0, VK_SPACE, "Q P PQ", "", "Q P PQ", ANSWER},
+};
 
 class TreeSelectionTest : public TreeTest {
  protected:
@@ -18,7 +72,53 @@ class TreeSelectionTest : public TreeTest {
     EXPECT_EQ(asked.y, ToScreen(point).y);
     return item;
   }
+
+  // Each of them with a client and without.
+  void ExpectEffects(std::span<const Gesture> gestures, bool multiSelect, bool keys) {
+    for (const Gesture& gesture : gestures) {
+      for (const bool heard : {true, false}) {
+        SCOPED_TRACE(gesture.name);
+        Given(gesture.before);
+        view->SetMultiSelect(multiSelect);
+        if (!heard) view->SetClient(nullptr);
+        const ForwardWatch watch;
+        const LRESULT answer = keys ? Key(gesture.target, gesture.modifiers)
+                                    : Press(static_cast<char>(gesture.target), gesture.modifiers);
+        EXPECT_EQ(answer, gesture.answer);
+        EXPECT_EQ(watch.Count(), keys && !gesture.answer ? 0 : 1);
+        EXPECT_EQ(Heard(), heard ? gesture.heard : "");
+        EXPECT_EQ(State(), gesture.after);
+      }
+    }
+  }
 };
+
+TEST_F(TreeSelectionTest, PressesMoveCaretAndAnchorAndSelect) {
+  ExpectEffects(PRESSES, true, false);
+}
+
+TEST_F(TreeSelectionTest, KeysMoveCaretAndAnchorAndSelect) { ExpectEffects(KEYS, true, true); }
+
+TEST_F(TreeSelectionTest, WithMultipleSelectionOffTheControlDecides) {
+  ExpectEffects(SINGLE_PRESSES, false, false);
+  ExpectEffects(SINGLE_KEYS, false, true);
+}
+
+TEST_F(TreeSelectionTest, ThePressAloneTellsItsModifiers) {
+  Given("Q - Q");
+  HoldDown(MK_SHIFT);
+  Press('S');
+  HoldDown(0);
+  EXPECT_EQ(Selected(), "S");
+}
+
+TEST_F(TreeSelectionTest, APressOnTheButtonCountsForTheItem) {
+  Insert(TEXT("c"), Item('Q'));
+  Given("S P PS");
+  PressAt(PartPoint(Item('Q'), TVHT_ONITEMBUTTON));
+  EXPECT_EQ(Heard(), "B P S 0 Q E Expanded Q");
+  EXPECT_EQ(State(), "Q - Q");
+}
 
 TEST_F(TreeSelectionTest, TheSelectionIsListedFromTheTopDown) {
   Given("- - PRS");
