@@ -1,4 +1,5 @@
-// Random gestures on a tree, beside a model of its rules.
+// Random gestures and operations on a tree, beside a model of its rules.
+#include <functional>
 #include <random>
 #include <sstream>
 
@@ -11,86 +12,10 @@ constexpr int SEEDS = REAL_CONTROL ? 24 : 200;
 constexpr int STEPS = 300;
 // So that all of them show and empty space is left.
 constexpr std::size_t MOST_ITEMS = 16;
-constexpr int GREATEST_DEPTH = 4;
 
-enum class Act {
-  press,
-  pressOff,
-  pressButton,
-  key,
-  expand,
-  insert,
-  remove,
-  removeAll,
-  setSelected,
-  selectAll,
-  clearSelection,
-  invertSelection,
-  requestMenu,
-  multiSelect,
-  setClient,
-};
-
-struct Chance {
-  Act act;
-  unsigned weight;
-  const char* name;
-};
-
-constexpr Chance CHANCES[] = {
-    {Act::press, 300, "press"},
-    {Act::pressOff, 50, "press off"},
-    {Act::pressButton, 50, "press button of"},
-    {Act::key, 240, "key"},
-    {Act::expand, 60, "expand or collapse"},
-    {Act::insert, 70, "insert below"},
-    {Act::remove, 45, "delete"},
-    {Act::removeAll, 2, "delete all"},
-    {Act::setSelected, 30, "set selected"},
-    {Act::selectAll, 15, "select all"},
-    {Act::clearSelection, 15, "clear selection"},
-    {Act::invertSelection, 15, "invert selection"},
-    {Act::requestMenu, 40, "request menu at"},
-    {Act::multiSelect, 30, "multiple selection"},
-    {Act::setClient, 20, "set client"},
-};
-
-constexpr WPARAM KEYS[] = {VK_UP,    VK_DOWN,     VK_UP,    VK_DOWN,  VK_LEFT, VK_RIGHT,
-                           VK_HOME,  VK_END,      VK_ADD,   VK_BACK,  'A',     VK_TAB,
-                           VK_SPACE, VK_SUBTRACT, VK_SHIFT, VK_RETURN};
-
-struct Step {
-  const Chance* chance;
-  unsigned pick;  // which item, as far as there are items
-  WPARAM key;
-  bool shift;
-  bool control;
-  bool on;
-};
-
-class Dice {
- public:
-  explicit Dice(unsigned seed) : engine(seed) {}
-
-  unsigned Below(unsigned limit) { return static_cast<unsigned>(engine() % limit); }
-
-  Step NextStep() {
-    return {Choose(),      Below(1000),   KEYS[Below(std::size(KEYS))],
-            Below(3) == 0, Below(4) == 0, Below(3) != 0};
-  }
-
- private:
-  const Chance* Choose() {
-    unsigned total = 0;
-    for (const Chance& chance : CHANCES) total += chance.weight;
-    unsigned left = Below(total);
-    const Chance* chosen = CHANCES;
-    for (; left >= chosen->weight; ++chosen) left -= chosen->weight;
-    return chosen;
-  }
-
-  std::mt19937 engine;
-};
+// None that expands or collapses.
+constexpr WPARAM KEYS[] = {VK_UP,  VK_DOWN, VK_UP,   VK_DOWN,  VK_HOME,  VK_END,
+                           VK_TAB, 'A',     VK_BACK, VK_SPACE, VK_SHIFT, VK_RETURN};
 
 class TreeModelTest : public TreeTest, public ::testing::WithParamInterface<int> {
  protected:
@@ -98,149 +23,172 @@ class TreeModelTest : public TreeTest, public ::testing::WithParamInterface<int>
     TreeTest::SetUp();
     OpenEmpty(QVLS_HASBUTTONS | QVLS_LINESATROOT | QVLS_HASLINES);
     for (int count = 0; count < 6; ++count) InsertBelow(0);
+    TellStructure();
   }
 
-  void Do(const Step& step) {
-    const ItemHandle visible = Pick(model.Visible(), step.pick);
-    const ItemHandle any = Pick(model.Items(), step.pick);
-    switch (step.chance->act) {
-      case Act::key:
-        Key(step.key, step.shift);
-        return model.Key(step.key, step.shift);
-      case Act::pressOff:
-        return PressBoth(OffPoint(), step);
-      case Act::insert:
-        return InsertBelow(step.on ? any : 0);
-      case Act::multiSelect:
-        view->SetMultiSelect(step.on);
-        model.multiSelect = step.on;
-        return;
-      case Act::setClient:
-        view->SetClient(step.on ? &client : nullptr);
-        model.heard = step.on;
-        return;
-      default:
-        if (any) DoToItems(step, visible, any);
-    }
-  }
-
-  // Told before the step is done, while its items are there.
-  std::string Describe(const Step& step) const {
+  // Has view and model do the next step, and tells which it was.
+  std::string Step() {
+    const unsigned place = Below(1000);
+    any = Pick(Items(true), place);
+    visible = Pick(Items(false), place);
+    key = KEYS[Below(std::size(KEYS))];
+    shift = Below(3) == 0 ? MK_SHIFT : 0;
+    modifiers = shift | (Below(4) == 0 ? MK_CONTROL : 0U);
+    on = Below(3) != 0;
+    const Act& act = ChooseAct();
     std::ostringstream text;
-    text << step.chance->name << " (" << client.Name(Pick(model.Visible(), step.pick)) << " "
-         << client.Name(Pick(model.Items(), step.pick)) << (step.shift ? " Shift" : "")
-         << (step.control ? " Ctrl" : "") << (step.on ? " on" : " off") << " key " << step.key
-         << ")";
+    text << act.name << " (" << client.Name(visible) << " " << client.Name(any) << " key " << key
+         << " with " << modifiers << (on ? " on)" : " off)");
+    if (!any && act.needsItem) return text.str();
+    act.ofView();
+    if (act.ofModel) {
+      act.ofModel();
+    } else {
+      TellStructure();
+    }
     return text.str();
   }
 
   std::string ViewState() {
-    ItemHandleList visible;
-    view->GetItems(&visible, true);
-    return State(visible, ViewSelection(), CaretItem(), client.Take());
+    ItemHandleList selected;
+    for (int place = 0; place < view->GetSelectedCount(); ++place) {
+      selected.push_back(view->GetSelectedItem(place));
+    }
+    return State(selected, CaretItem(), client.Take());
   }
-  std::string ModelState() {
-    return State(model.Visible(), model.SelectedVisible(), model.Caret(), model.Take());
-  }
+  std::string ModelState() { return State(model.SelectedVisible(), model.Caret(), model.Take()); }
 
  private:
-  static ItemHandle Pick(const std::vector<ItemHandle>& items, unsigned pick) {
-    return items.empty() ? 0 : items[pick % items.size()];
+  struct Act {
+    unsigned weight;
+    bool needsItem;
+    const char* name;
+    std::function<void()> ofView;
+    std::function<void()> ofModel;  // none if only the structure changes
+  };
+
+  unsigned Below(std::size_t limit) { return static_cast<unsigned>(dice() % limit); }
+
+  static ItemHandle Pick(const ItemHandleList& items, unsigned place) {
+    return items.empty() ? 0 : items[place % items.size()];
   }
 
-  // What needs an item to be there.
-  void DoToItems(const Step& step, ItemHandle visible, ItemHandle any) {
-    switch (step.chance->act) {
-      case Act::press:
-        return PressBoth(LabelPoint(visible), step);
-      case Act::pressButton:
-        if (!model.HasChildren(visible)) return;
-        return PressBoth(PartPoint(visible, TVHT_ONITEMBUTTON), step);
-      case Act::expand:
-        view->ExpandItem(any, step.on);
-        return model.Expand(any, step.on);
-      case Act::remove:
-        view->DeleteItem(any);
-        return model.Delete(any);
-      case Act::removeAll:
-        view->DeleteAllItems();
-        return model.DeleteAll();
-      case Act::setSelected:
-        view->SetItemSelected(any, step.on);
-        return model.SetSelected(any, step.on);
-      case Act::selectAll:
-        view->SelectAll();
-        return model.SelectAll();
-      case Act::clearSelection:
-        view->ClearSelection();
-        return model.ClearSelection();
-      case Act::invertSelection:
-        view->InvertSelection();
-        return model.InvertSelection();
-      default:
-        return SelectAtBoth(LabelPoint(visible));
-    }
+  const Act& ChooseAct() {
+    unsigned total = 0;
+    for (const Act& act : ACTS) total += act.weight;
+    unsigned left = Below(total);
+    auto chosen = ACTS.begin();
+    for (; left >= chosen->weight; ++chosen) left -= chosen->weight;
+    return *chosen;
   }
 
-  // What lies at the point is the control's word: in some layouts it draws two items as one.
-  void PressBoth(POINT point, const Step& step) {
-    const WPARAM keys = (step.shift ? MK_SHIFT : 0U) | (step.control ? MK_CONTROL : 0U);
-    const TVHITTESTINFO hit = HitAt(point);
-    PressAt(point, keys);
-    model.LeftPress({reinterpret_cast<ItemHandle>(hit.hItem), step.shift, step.control,
-                     (hit.flags & TVHT_ONITEMBUTTON) != 0});
-  }
-
-  void SelectAtBoth(POINT point) {
-    const auto hit = reinterpret_cast<ItemHandle>(HitAt(point).hItem);
-    const POINT screenPoint = ToScreen(point);
-    EXPECT_EQ(view->HitTest(&screenPoint, true, nullptr), hit);
-    model.SelectAt(hit);
-  }
-
-  void InsertBelow(ItemHandle parent) {
-    if (model.Items().size() >= MOST_ITEMS || model.DepthOf(parent) >= GREATEST_DEPTH) return;
-    const auto letter = static_cast<WCHAR>('a' + inserted % 26);
-    const auto digit = static_cast<WCHAR>('0' + inserted / 26 % 10);
-    const WCHAR name[] = {letter, digit, 0};
-    ++inserted;
-    model.Insert(Insert(name, parent), parent);
-  }
-
-  ItemHandleList ViewSelection() const {
+  // The items below a branch from the top down, asked of the control.
+  ItemHandleList Items(bool hiddenToo, ItemHandle branch = 0) const {
     ItemHandleList items;
-    for (int place = 0; place < view->GetSelectedCount(); ++place) {
-      items.push_back(view->GetSelectedItem(place));
+    ItemHandle item = Ask(TVM_GETNEXTITEM, branch ? TVGN_CHILD : TVGN_ROOT, branch);
+    for (; item; item = Ask(TVM_GETNEXTITEM, TVGN_NEXT, item)) {
+      items.push_back(item);
+      if (!hiddenToo && !view->IsItemExpanded(item)) continue;
+      const ItemHandleList below = Items(hiddenToo, item);
+      items.insert(items.end(), below.begin(), below.end());
     }
     return items;
   }
 
-  std::string NamesOf(const ItemHandleList& items) const {
-    std::string names;
-    for (const ItemHandle item : items) names += client.Name(item) + " ";
-    return names;
+  void TellStructure() {
+    model.Restructure(Items(true), Items(false), CaretItem());
+    client.Take();
   }
 
-  std::string State(const ItemHandleList& visible, const ItemHandleList& selected, ItemHandle caret,
-                    const Lines& heard) const {
-    return "visible: " + NamesOf(visible) + "selected: " + NamesOf(selected) +
-           "caret: " + client.Name(caret) + " heard: " + Short(heard);
+  // To the third level at most, so that labels stay within the window.
+  void InsertBelow(ItemHandle parent) {
+    const bool deep =
+        parent && view->GetParentItem(parent) && view->GetParentItem(view->GetParentItem(parent));
+    if (deep || Items(true).size() >= MOST_ITEMS) return;
+    const auto letter = static_cast<WCHAR>('a' + inserted % 26);
+    const auto digit = static_cast<WCHAR>('0' + inserted / 26 % 10);
+    const WCHAR name[] = {letter, digit, 0};
+    ++inserted;
+    Insert(name, parent);
   }
 
+  // What lies at the point is the control's word: in some layouts it draws two items as one.
+  void PressThere(POINT point) {
+    hit = reinterpret_cast<ItemHandle>(HitAt(point).hItem);
+    const int before = forwards.Count();
+    answer = PressAt(point, modifiers);
+    EXPECT_EQ(forwards.Count(), before + 1);
+  }
+
+  void PressTheKey() {
+    const int before = forwards.Count();
+    answer = Key(key, shift);
+    EXPECT_EQ(forwards.Count(), before + (answer ? 1 : 0));
+  }
+
+  void ExpectAnswer(bool ofControl) { EXPECT_EQ(answer, ofControl ? ForwardWatch::ANSWER : 0); }
+
+  void SelectByHitTest() {
+    const POINT point = LabelPoint(visible);
+    hit = reinterpret_cast<ItemHandle>(HitAt(point).hItem);
+    const POINT screenPoint = ToScreen(point);
+    EXPECT_EQ(view->HitTest(&screenPoint, true, nullptr), hit);
+  }
+
+  std::string State(const ItemHandleList& selected, ItemHandle caret, const Lines& heard) const {
+    std::string text;
+    for (const ItemHandle item : selected) text += client.Name(item) + " ";
+    return "selected: " + text + "caret: " + client.Name(caret) + " heard: " + Short(heard);
+  }
+
+  const std::vector<Act> ACTS = {
+      {350, true, "press", [this] { PressThere(LabelPoint(visible)); },
+       [this] { ExpectAnswer(model.LeftPress(hit, modifiers)); }},
+      {50, false, "press off", [this] { PressThere(OffPoint()); },
+       [this] { ExpectAnswer(model.LeftPress(0, modifiers)); }},
+      {240, false, "key", [this] { PressTheKey(); },
+       [this] { ExpectAnswer(model.Key(key, shift != 0, CaretItem())); }},
+      {60, true, "expand", [this] { view->ExpandItem(any, on); }, nullptr},
+      {70, false, "insert", [this] { InsertBelow(on ? any : 0); }, nullptr},
+      {45, true, "delete", [this] { view->DeleteItem(any); }, nullptr},
+      {2, true, "delete all", [this] { view->DeleteAllItems(); }, nullptr},
+      {30, true, "set selected", [this] { view->SetItemSelected(any, on); },
+       [this] { model.SetSelected(any, on); }},
+      {15, false, "select all", [this] { view->SelectAll(); }, [this] { model.SelectAll(); }},
+      {15, false, "clear selection", [this] { view->ClearSelection(); },
+       [this] { model.ClearSelection(); }},
+      {15, false, "invert selection", [this] { view->InvertSelection(); },
+       [this] { model.InvertSelection(); }},
+      {40, true, "hit test", [this] { SelectByHitTest(); }, [this] { model.SelectAt(hit); }},
+      {30, false, "multiple selection", [this] { view->SetMultiSelect(on); },
+       [this] { model.multiSelect = on; }},
+      {20, false, "client", [this] { view->SetClient(on ? &client : nullptr); },
+       [this] { model.heard = on; }},
+  };
+
+  std::mt19937 dice{static_cast<unsigned>(GetParam())};
   SelectionModel model{client.labels};
+  const ForwardWatch forwards;
   int inserted = 0;
+
+  // What each step rolls anew, and what it meets.
+  ItemHandle any = 0;
+  ItemHandle visible = 0;
+  WPARAM key = 0;
+  WPARAM shift = 0;
+  WPARAM modifiers = 0;
+  bool on = false;
+  ItemHandle hit = 0;
+  LRESULT answer = 0;
 };
 
 TEST_P(TreeModelTest, AgreesWithTheViewAfterEveryStep) {
-  Dice dice(static_cast<unsigned>(GetParam()));
-  std::ostringstream story;
+  std::string story;
   for (int count = 1; count <= STEPS; ++count) {
-    const Step step = dice.NextStep();
-    story << "\n  " << count << ". " << Describe(step);
-    Do(step);
+    story += "\n  " + std::to_string(count) + ". " + Step();
     const std::string modelState = ModelState();
-    ASSERT_EQ(ViewState(), modelState) << "after" << story.str();
-    story << "\n      " << modelState;
+    ASSERT_EQ(ViewState(), modelState) << "after" << story;
+    story += "\n      " + modelState;
   }
 }
 

@@ -1,11 +1,7 @@
 // What the control tells the tree's parent window, and what of it the client hears.
-#include <string>
-
 #include "support/tree_gestures.h"
 
 namespace {
-
-using Text = std::basic_string<WCHAR>;
 
 class TreeNotifyTest : public TreeTest {
  protected:
@@ -14,33 +10,15 @@ class TreeNotifyTest : public TreeTest {
     Open(QVLS_EDITLABELS | QVLS_INFOTIP | QVLS_HASBUTTONS | QVLS_LINESATROOT);
   }
 
-  LRESULT TellTree(UINT code, ItemHandle item, int id = CONTROL_ID) {
-    NMTREEVIEWW record = {};
-    record.itemNew.hItem = reinterpret_cast<HTREEITEM>(item);
-    return Notify(record.hdr, code, id);
-  }
-
   LRESULT TellLabelEdit(UINT code, int id) {
     NMTVDISPINFOW record = {};
     return Notify(record.hdr, code, id);
   }
 
-  Text TextOf(ItemHandle item) {
-    WCHAR text[64] = {};
-    TVITEMW record = {};
-    record.mask = TVIF_TEXT;
-    record.hItem = reinterpret_cast<HTREEITEM>(item);
-    record.pszText = text;
-    record.cchTextMax = 64;
-    SendMessageW(control, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&record));
-    return text;
-  }
-
   // Opens the label, types and presses Return. False if the edit didn't open.
   bool Edit(ItemHandle item, const WCHAR* typed) {
-    const LRESULT opened = SendMessageW(control, TVM_EDITLABELW, 0, item);
+    const LRESULT opened = Ask(TVM_EDITLABELW, 0, item);
     if (!opened) return false;
-    EXPECT_EQ(SendMessageW(control, TVM_GETEDITCONTROL, 0, 0), opened);
     SendMessageW(reinterpret_cast<HWND>(opened), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(typed));
     SendMessageW(reinterpret_cast<HWND>(opened), WM_KEYDOWN, VK_RETURN, 1);
     PumpMessages();
@@ -61,65 +39,52 @@ TEST_F(TreeNotifyTest, ALabelEditAsksTheClientAtBothEnds) {
       {false, true, "LabelEdit TVN_BEGINLABELEDITW LabelEdit TVN_ENDLABELEDITW", TEXT("new")},
   };
   const ItemHandle item = Item('Q');
-  Given("Q", 'Q', '-');
+  Given("Q - Q");
   for (const Answers& row : cases) {
-    Text offered;
     client.onLabelEdit = [&](NMHDR* header, std::uint32_t code) {
       const TVITEMW& edited = reinterpret_cast<NMTVDISPINFOW*>(header)->item;
-      EXPECT_EQ(reinterpret_cast<ItemHandle>(edited.hItem), item);
-      if (code == TVN_BEGINLABELEDITW) return row.refuseBegin;
-      if (edited.pszText) offered = edited.pszText;
-      return row.accept;
+      EXPECT_EQ(edited.hItem, Native(item));
+      return code == TVN_BEGINLABELEDITW ? row.refuseBegin : row.accept;
     };
     EXPECT_EQ(Edit(item, TEXT("new")), !row.refuseBegin);
     EXPECT_EQ(Heard(), row.heard);
-    EXPECT_EQ(offered, row.refuseBegin ? TEXT("") : TEXT("new"));
     EXPECT_EQ(TextOf(item), row.textAfter);
   }
-}
-
-TEST_F(TreeNotifyTest, WithoutClientALabelEditStartsAndTakesNothing) {
   view->SetClient(nullptr);
-  EXPECT_TRUE(Edit(Item('Q'), TEXT("new")));
-  EXPECT_EQ(TextOf(Item('Q')), TEXT("Q"));
-  EXPECT_EQ(Heard(), "");
+  EXPECT_TRUE(Edit(item, TEXT("newer"))) << "without a client it starts";
+  EXPECT_EQ(TextOf(item), TEXT("new")) << "and takes nothing";
 }
 
-// Label edits are heard from any child, the rest from the control alone; -1 tests the sign.
+// Label edits are heard from any child, the rest from the control alone, by its id and the sign of
+// that.
 TEST_F(TreeNotifyTest, TheSendersIdDecidesWhatIsHeard) {
-  for (const int id : {CONTROL_ID + 1, -1}) {
+  constexpr int ID = -5;
+  control = view->Create(host, ID, 0, 0, WIDTH, HEIGHT, 0, nullptr);
+  const ItemHandle item = Insert(TEXT("T"));
+  const UINT codes[] = {TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW, TVN_GETINFOTIPW, TVN_BEGINDRAGW};
+  client.Take();
+  for (const int id : {5, -6}) {
     for (const bool answer : {false, true}) {
       client.onLabelEdit = [answer](NMHDR*, std::uint32_t) { return answer; };
       EXPECT_EQ(TellLabelEdit(TVN_BEGINLABELEDITW, id), answer ? 1 : 0);
       EXPECT_EQ(TellLabelEdit(TVN_ENDLABELEDITW, id), answer ? 1 : 0);
     }
     EXPECT_EQ(client.Take().size(), 4U);
-    for (const UINT code : {TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW, TVN_BEGINDRAGW}) {
-      TellTree(code, Item('Q'), id);
-    }
-    NMTVGETINFOTIPW tip = {};
-    Notify(tip.hdr, TVN_GETINFOTIPW, id);
+    for (const UINT code : codes) NotifyOf(item, code, id);
     EXPECT_EQ(Heard(), "") << id;
   }
-  TellTree(TVN_SELCHANGEDW, Item('Q'));
-  TellTree(TVN_SELCHANGEDW, 0);
-  TellTree(TVN_ITEMEXPANDEDW, Item('R'));
+  NotifyOf(item, TVN_SELCHANGEDW, ID);
+  NotifyOf(0, TVN_SELCHANGEDW, ID);
+  NotifyOf(item, TVN_ITEMEXPANDEDW, ID);
   for (const UINT code : {TVN_SELCHANGINGW, TVN_ITEMEXPANDINGW, TVN_KEYDOWN}) {
-    TellTree(code, Item('Q'));
+    NotifyOf(item, code, ID);
   }
-  EXPECT_EQ(Heard(), "Q 0 Expanded R");
-}
-
-TEST_F(TreeNotifyTest, ANegativeControlIdIsComparedWithItsSign) {
-  view->SetClient(&client);
-  control = view->Create(host, -5, 0, 0, WIDTH, HEIGHT, 0, nullptr);
-  ASSERT_NE(control, nullptr);
-  const ItemHandle item = Insert(TEXT("P"));
-  client.Take();
-  MoveCaret(item);
-  EXPECT_EQ(Heard(), "P");
-  TellTree(TVN_SELCHANGEDW, item, 5);
-  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(Heard(), "T 0 Expanded T");
+  view->SetClient(nullptr);
+  for (const UINT code : codes) NotifyOf(item, code, ID);
+  RequestMenu(LabelPoint(item));
+  EXPECT_EQ(Heard(), "") << "without a client";
+  EXPECT_EQ(Selected(), "");
 }
 
 TEST_F(TreeNotifyTest, TheClientsTipTextIsTakenAsItIs) {
@@ -132,7 +97,7 @@ TEST_F(TreeNotifyTest, TheClientsTipTextIsTakenAsItIs) {
       return answer;
     };
     NMTVGETINFOTIPW tip = {};
-    tip.hItem = reinterpret_cast<HTREEITEM>(Item('R'));
+    tip.hItem = Native(Item('R'));
     tip.pszText = own;
     tip.cchTextMax = 7;
     EXPECT_EQ(Notify(tip.hdr, TVN_GETINFOTIPW), 0);
@@ -151,7 +116,7 @@ TEST_F(TreeNotifyTest, AContextRequestSelectsFirst) {
   };
   const Request cases[] = {{'S', "B P Q S E ", "S"}, {'Q', "", "PQ"}, {'-', "", "PQ"}};
   for (const Request& request : cases) {
-    Given("PQ", 'P', '-');
+    Given("P - PQ");
     const bool off = request.item == '-';
     const POINT point = off ? OffPoint() : LabelPoint(Item(request.item));
     const POINT screen = ToScreen(point);
@@ -161,38 +126,8 @@ TEST_F(TreeNotifyTest, AContextRequestSelectsFirst) {
                            (off ? " -1 0x0000" : std::string(" ") + request.item + " 0x0088"));
     EXPECT_EQ(Selected(), request.selectedAfter);
   }
-}
-
-TEST_F(TreeNotifyTest, AContextRequestFromTheKeyboardIsPassedOnAsItIs) {
-  SendMessageW(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(-1, -1));
-  EXPECT_EQ(Heard(), "ContextMenu -1,-1 -1 0x0000");
-}
-
-TEST_F(TreeNotifyTest, ExpansionsByTheUserAreReported) {
-  Insert(TEXT("c"), Item('Q'));
-  MoveCaret(Item('Q'));
-  client.Take();
-  Key(VK_RIGHT);
-  Key(VK_LEFT);
-  EXPECT_EQ(Heard(), "B Q E Expanded Q B E Expanded Q");
-}
-
-TEST_F(TreeNotifyTest, AViewWithoutClientIsSilent) {
-  Given("PQ", 'P', '-');
-  view->SetClient(nullptr);
-  WCHAR own[] = TEXT("own");
-  NMTVGETINFOTIPW tip = {};
-  tip.pszText = own;
-  Notify(tip.hdr, TVN_GETINFOTIPW);
-  EXPECT_EQ(tip.pszText, own);
-  for (const UINT code : {TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW, TVN_BEGINDRAGW}) {
-    TellTree(code, Item('R'));
-  }
-  EXPECT_EQ(TellLabelEdit(TVN_BEGINLABELEDITW, CONTROL_ID), 0);
-  EXPECT_EQ(TellLabelEdit(TVN_ENDLABELEDITW, CONTROL_ID), 0);
-  RequestMenu(LabelPoint(Item('R')));
-  EXPECT_EQ(Heard(), "");
-  EXPECT_EQ(Selected(), "PQ");
+  Ask(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(-1, -1));
+  EXPECT_EQ(Heard(), "ContextMenu -1,-1 -1 0x0000") << "from the keyboard, passed on as it is";
 }
 
 // The bracket of a drag's start; which items are dragged is what the client is then asked about.
@@ -201,21 +136,20 @@ TEST_F(TreeNotifyTest, ADragTakesItsItemIntoTheSelection) {
     bool multiSelect;
     char item;
     const char* heard;
-    const char* caretAfter;
+    const char* after;
   };
   const Drag cases[] = {
-      {true, 'S', "B S E BeginDrag P R S", "P"},
-      {true, 'R', "BeginDrag P R", "P"},
-      {false, 'S', "B S E BeginDrag R S", "S"},
-      {false, 'P', "B E BeginDrag P R", "P"},
+      {true, 'S', "B S E BeginDrag P R S", "P Q PRS"},
+      {true, 'R', "BeginDrag P R", "P Q PR"},
+      {false, 'S', "B S E BeginDrag R S", "S Q RS"},
+      {false, 'P', "B E BeginDrag P R", "P Q PR"},
   };
   for (const Drag& drag : cases) {
-    Given("PR", 'P', 'Q');
+    Given("P Q PR");
     view->SetMultiSelect(drag.multiSelect);
-    TellTree(TVN_BEGINDRAGW, Item(drag.item));
+    NotifyOf(Item(drag.item), TVN_BEGINDRAGW);
     EXPECT_EQ(Heard(), drag.heard);
-    EXPECT_EQ(Caret(), drag.caretAfter);
-    EXPECT_EQ(ObserveAnchor(), "Q");
+    EXPECT_EQ(State(), drag.after);
   }
 }
 

@@ -1,9 +1,62 @@
-// The tree's selection operations, its hit test, and what the client hears of both.
-#include <functional>
+// What presses of the left button, keys and hit tests do to selection, caret and anchor of a tree,
+// and what of them the control gets to see. tree_model_test has the rest, at random.
+#include <span>
 
 #include "support/tree_gestures.h"
 
 namespace {
+
+constexpr WPARAM CTRL = MK_CONTROL;
+constexpr WPARAM SHIFT = MK_SHIFT;
+constexpr LRESULT ANSWER = ForwardWatch::ANSWER;
+
+struct Gesture {
+  const char* name;
+  WPARAM modifiers;
+  WPARAM target;       // the name of the item that is pressed, '-' beside them, or the key
+  const char* before;  // caret, anchor and selection
+  const char* heard;
+  const char* after;
+  LRESULT answer;
+};
+
+constexpr Gesture PRESSES[] = {
+    {"Ctrl off", CTRL, '-', "P Q PR", "", "P Q PR", ANSWER},
+    {"Ctrl adds", CTRL, 'S', "Q P Q", "B S S Q E", "S - QS", 0},
+    {"Ctrl removes", CTRL, 'Q', "S - QS", "B Q Q S E", "Q - S", 0},
+    {"Ctrl removes the caret", CTRL, 'Q', "Q Q Q", "B 0 Q Q E", "Q - ", 0},
+    {"Shift upwards", SHIFT, 'P', "S Q QRS", "B P P Q R S E", "P Q PQ", 0},
+    {"Shift from the caret", SHIFT, 'S', "Q - Q", "B S P Q R S E", "S Q QRS", 0},
+    {"Shift on the caret", SHIFT, 'S', "S Q QRS", "B 0 S P Q R S E", "S Q QRS", 0},
+    {"Shift from nothing", SHIFT, 'S', "- - P", "B S E", "S - PS", ANSWER},
+    {"Shift off", SHIFT, '-', "P Q P", "B P 0 Q R S E", "- Q QRS", 0},
+    {"plain", 0, 'S', "Q - QR", "B Q R 0 S E", "S - S", ANSWER},
+    {"plain off", 0, '-', "Q P QR", "B Q R E", "Q - ", ANSWER},
+};
+
+constexpr Gesture SINGLE_PRESSES[] = {
+    {"plain", 0, 'S', "Q P PQR", "S", "S P PRS", ANSWER},
+    {"Shift", SHIFT, 'S', "Q P PQR", "S", "S P PRS", ANSWER},
+    {"plain off", 0, '-', "Q P PQR", "", "Q P PQR", ANSWER},
+};
+
+constexpr Gesture KEYS[] = {
+    {"Shift+Down starts afresh", SHIFT, VK_DOWN, "Q - PS", "B P S R Q E", "R Q QR", 0},
+    {"Shift+Down grows on", SHIFT, VK_DOWN, "R Q QR", "B S R E", "S Q QRS", 0},
+    {"Shift+Down shrinks", SHIFT, VK_DOWN, "P R PQR", "B Q E", "Q R QR", 0},
+    {"Shift+Down from the last", SHIFT, VK_DOWN, "S - S", "B S E", "S S ", 0},
+    {"Shift+Up grows", SHIFT, VK_UP, "R - R", "B R Q R E", "Q R QR", 0},
+    {"Ctrl+Shift is Shift", CTRL | SHIFT, VK_DOWN, "R Q QR", "B S R E", "S Q QRS", 0},
+    {"Down", 0, VK_DOWN, "Q P PQ", "B P Q E R", "R - R", ANSWER},
+    {"Shift+End", SHIFT, VK_END, "Q P QR", "B Q R E S", "S - S", ANSWER},
+    {"Space", 0, VK_SPACE, "R Q QR", "B Q R E", "R - ", ANSWER},
+    {"below Space", 0, VK_SPACE - 1, "R Q QR", "", "R Q QR", ANSWER},
+};
+
+constexpr Gesture SINGLE_KEYS[] = {
+    {"Shift+Down", SHIFT, VK_DOWN, "Q P PQ", "R", "R P PR", ANSWER},
+    {"Space", 0, VK_SPACE, "Q P PQ", "", "Q P PQ", ANSWER},
+};
 
 class TreeSelectionTest : public TreeTest {
  protected:
@@ -12,178 +65,114 @@ class TreeSelectionTest : public TreeTest {
     Open(QVLS_HASBUTTONS | QVLS_LINESATROOT | QVLS_HASLINES | QVLS_CHECKBOXES);
   }
 
-  ItemHandle InsertRecord(bool selected) {
-    QVLTreeViewItem record;
-    record.SetItemName(TEXT("T"));
-    record.SetSelected(selected);
-    return view->InsertItem(&record, -1);
-  }
-
-  ItemHandle HitTest(POINT point, bool select, std::uint32_t* hitFlags) {
-    const POINT onScreen = ToScreen(point);
-    const POINT asked = onScreen;
+  ItemHandle HitTest(POINT point, bool select, std::uint32_t* hitFlags = nullptr) {
+    const POINT asked = ToScreen(point);
     const ItemHandle item = view->HitTest(&asked, select, hitFlags);
-    EXPECT_EQ(asked.x, onScreen.x);
-    EXPECT_EQ(asked.y, onScreen.y);
+    EXPECT_EQ(asked.x, ToScreen(point).x);
+    EXPECT_EQ(asked.y, ToScreen(point).y);
     return item;
   }
-};
 
-struct Operation {
-  const char* name;
-  std::function<void(IQVLTreeView&, ItemHandle)> run;
-  const char* heard;
-  const char* selectedAfter;
-};
-
-// On P Q R S with P and R selected, Q the caret, P the anchor; the item is Q.
-const Operation OPERATIONS[] = {
-    {"select", [](IQVLTreeView& view, ItemHandle q) { view.SetItemSelected(q, true); }, "B Q E",
-     "PQR"},
-    {"deselect", [](IQVLTreeView& view, ItemHandle q) { view.SetItemSelected(q, false); }, "B Q E",
-     "PR"},
-    {"select -1", [](IQVLTreeView& view, ItemHandle) { view.SetItemSelected(-1, true); }, "", "PR"},
-    {"select all", [](IQVLTreeView& view, ItemHandle) { view.SelectAll(); }, "B Q S E", "PQRS"},
-    {"clear", [](IQVLTreeView& view, ItemHandle) { view.ClearSelection(); }, "B P R E", ""},
-    {"invert", [](IQVLTreeView& view, ItemHandle) { view.InvertSelection(); }, "B P Q R S E", "QS"},
-};
-
-TEST_F(TreeSelectionTest, OperationsChangeMarksAndNothingElse) {
-  for (const bool multiSelect : {true, false}) {
-    for (const Operation& operation : OPERATIONS) {
-      SCOPED_TRACE(operation.name);
-      Given("PR", 'Q', 'P');
-      view->SetMultiSelect(multiSelect);
-      operation.run(*view, Item('Q'));
-      EXPECT_EQ(Heard(), operation.heard);
-      EXPECT_EQ(Selected(), operation.selectedAfter);
-      EXPECT_EQ(Caret(), "Q");
-      EXPECT_EQ(ObserveAnchor(), "P");
+  // Each of them with a client and without.
+  void ExpectEffects(std::span<const Gesture> gestures, bool multiSelect, bool keys) {
+    for (const Gesture& gesture : gestures) {
+      for (const bool heard : {true, false}) {
+        SCOPED_TRACE(gesture.name);
+        Given(gesture.before);
+        view->SetMultiSelect(multiSelect);
+        if (!heard) view->SetClient(nullptr);
+        const ForwardWatch watch;
+        const LRESULT answer = keys ? Key(gesture.target, gesture.modifiers)
+                                    : Press(static_cast<char>(gesture.target), gesture.modifiers);
+        EXPECT_EQ(answer, gesture.answer);
+        EXPECT_EQ(watch.Count(), keys && !gesture.answer ? 0 : 1);
+        EXPECT_EQ(Heard(), heard ? gesture.heard : "");
+        EXPECT_EQ(State(), gesture.after);
+      }
     }
   }
+};
+
+TEST_F(TreeSelectionTest, PressesMoveCaretAndAnchorAndSelect) {
+  ExpectEffects(PRESSES, true, false);
+}
+
+TEST_F(TreeSelectionTest, KeysMoveCaretAndAnchorAndSelect) { ExpectEffects(KEYS, true, true); }
+
+TEST_F(TreeSelectionTest, WithMultipleSelectionOffTheControlDecides) {
+  ExpectEffects(SINGLE_PRESSES, false, false);
+  ExpectEffects(SINGLE_KEYS, false, true);
+}
+
+TEST_F(TreeSelectionTest, ThePressAloneTellsItsModifiers) {
+  Given("Q - Q");
+  HoldDown(MK_SHIFT);
+  Press('S');
+  HoldDown(0);
+  EXPECT_EQ(Selected(), "S");
+}
+
+TEST_F(TreeSelectionTest, APressOnTheButtonCountsForTheItem) {
+  Insert(TEXT("c"), Item('Q'));
+  Given("S P PS");
+  PressAt(PartPoint(Item('Q'), TVHT_ONITEMBUTTON));
+  EXPECT_EQ(Heard(), "B P S 0 Q E Expanded Q");
+  EXPECT_EQ(State(), "Q - Q");
 }
 
 TEST_F(TreeSelectionTest, TheSelectionIsListedFromTheTopDown) {
-  Given("PRS", '-', '-');
+  Given("- - PRS");
   EXPECT_EQ(view->GetSelectedCount(), 3);
   EXPECT_EQ(view->GetSelectedItem(1), Item('R'));
   EXPECT_EQ(view->GetSelectedItem(3), -1);
   EXPECT_EQ(view->GetSelectedItem(-1), -1);
-  EXPECT_TRUE(view->IsItemSelected(Item('P')));
   EXPECT_FALSE(view->IsItemSelected(Item('Q')));
-  EXPECT_FALSE(view->IsItemSelected(-1));
 }
 
-TEST_F(TreeSelectionTest, HiddenItemsKeepTheirMarks) {
-  const ItemHandle child = Insert(TEXT("c"), Item('Q'));
-  view->ExpandItem(Item('Q'), true);
-  Given("PcR", 'P', '-');
-  view->ExpandItem(Item('Q'), false);
-  EXPECT_EQ(Selected(), "PR");
-  client.Take();
-  view->InvertSelection();
-  view->ClearSelection();
-  EXPECT_EQ(Heard(), "B P Q R S E B Q S E");
-  EXPECT_TRUE(view->IsItemSelected(child));
-  view->ExpandItem(Item('Q'), true);
-  EXPECT_EQ(Selected(), "c");
-  view->ExpandItem(Item('Q'), false);
-  client.Take();
-  view->SetItemSelected(child, false);
-  EXPECT_EQ(Heard(), "B c E");
-  EXPECT_FALSE(view->IsItemSelected(child));
-}
-
-TEST_F(TreeSelectionTest, WithoutItemsOrControlThereIsNothingToSelect) {
-  const auto selectEverything = [this] {
+TEST_F(TreeSelectionTest, WithoutItemsOrControlTheBracketRemains) {
+  for (const bool destroyed : {false, true}) {
+    view->DeleteAllItems();
+    if (destroyed) view->Destroy();
+    view->SetClient(&client);
+    client.Take();
+    EXPECT_EQ(view->GetSelectedItem(0), destroyed ? 0 : -1);
     view->SelectAll();
     view->InvertSelection();
     view->ClearSelection();
-    return Heard();
-  };
-  const ItemHandle gone = Item('P');
-  const POINT point = ToScreen(OffPoint());
-  view->DeleteAllItems();
-  client.Take();
-  EXPECT_EQ(view->GetSelectedItem(0), -1);
-  EXPECT_EQ(selectEverything(), "B E B E B E");
-  view->Destroy();
-  view->SetClient(&client);
-  view->SetItemSelected(gone, true);
-  EXPECT_EQ(view->GetSelectedCount(), 0);
-  EXPECT_EQ(view->GetSelectedItem(0), 0);
-  EXPECT_FALSE(view->IsItemSelected(gone));
-  std::uint32_t hitFlags = 99;
-  EXPECT_EQ(view->HitTest(&point, true, &hitFlags), -1);
-  EXPECT_EQ(hitFlags, 0U);
-  EXPECT_EQ(Heard(), "");
-  EXPECT_EQ(selectEverything(), "B E B E B E");
-}
-
-struct Selecting {
-  const char* name;
-  bool multiSelect;
-  char hit;
-  const char* selected;
-  const char* heard;
-  const char* selectedAfter;
-};
-
-TEST_F(TreeSelectionTest, HitTestSelectsAnItemThatIsNotSelected) {
-  const Selecting cases[] = {
-      {"another item", true, 'R', "PQ", "B P Q R E", "R"},
-      {"a selected item", true, 'Q', "PQ", "", "PQ"},
-      {"the caret without its mark", true, 'Q', "PR", "B P R E", ""},
-      {"one item at most", false, 'R', "PQ", "B R E", "PR"},
-  };
-  for (const Selecting& row : cases) {
-    SCOPED_TRACE(row.name);
-    Given(row.selected, 'Q', 'P');
-    view->SetMultiSelect(row.multiSelect);
-    EXPECT_EQ(HitTest(LabelPoint(Item(row.hit)), false, nullptr), Item(row.hit));
-    EXPECT_EQ(Heard(), "");
-    EXPECT_EQ(HitTest(LabelPoint(Item(row.hit)), true, nullptr), Item(row.hit));
-    EXPECT_EQ(Heard(), row.heard);
-    EXPECT_EQ(Selected(), row.selectedAfter);
-    EXPECT_EQ(ObserveAnchor(), "P");
+    EXPECT_EQ(Heard(), "B E B E B E");
   }
 }
 
 TEST_F(TreeSelectionTest, HitTestForgetsAnItemThatIsDeletedMeanwhile) {
-  Given("PQ", 'P', '-');
-  const POINT point = LabelPoint(Item('S'));
+  Given("P - PQ");
   client.onBeginSelectionChange = [this] { view->DeleteItem(Item('S')); };
-  EXPECT_EQ(HitTest(point, true, nullptr), -1);
+  EXPECT_EQ(HitTest(LabelPoint(Item('S')), true), -1);
   EXPECT_EQ(Heard(), "B P Q E");
-  EXPECT_EQ(Caret(), "P");
+  EXPECT_EQ(CaretItem(), Item('P'));
 }
 
-struct Part {
-  UINT native;
-  std::uint32_t flags;
-};
-
-constexpr Part PARTS[] = {
-    {TVHT_ONITEMLABEL, QVLHT_ONITEM | QVLHT_ONITEMLABEL},
-    {TVHT_ONITEMICON, QVLHT_ONITEM | QVLHT_ONITEMICON},
-    {TVHT_ONITEMSTATEICON, QVLHT_ONITEM | QVLHT_ONITEMSTATEICON},
-    {TVHT_ONITEMBUTTON, QVLHT_ONITEMBUTTON},
-    {TVHT_ONITEMINDENT, QVLHT_ONITEMINDENT},
-    {TVHT_ONITEMRIGHT, QVLHT_ONITEMRIGHT},
-};
-
 TEST_F(TreeSelectionTest, HitFlagsTellThePartOfTheItem) {
-  HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR, 1, 1);
+  struct Part {
+    UINT native;
+    std::uint32_t flags;
+  };
+  constexpr Part PARTS[] = {
+      {TVHT_ONITEMLABEL, QVLHT_ONITEM | QVLHT_ONITEMLABEL},
+      {TVHT_ONITEMICON, QVLHT_ONITEM | QVLHT_ONITEMICON},
+      {TVHT_ONITEMSTATEICON, QVLHT_ONITEM | QVLHT_ONITEMSTATEICON},
+      {TVHT_ONITEMBUTTON, QVLHT_ONITEMBUTTON},
+      {TVHT_ONITEMINDENT, QVLHT_ONITEMINDENT},
+      {TVHT_ONITEMRIGHT, QVLHT_ONITEMRIGHT},
+  };
+  const HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR, 1, 1);
   view->SetImageList(images);
-  Insert(TEXT("c"), Item('Q'));
-  view->ExpandItem(Item('Q'), true);
-  const ItemHandle grandchild = Insert(TEXT("d"), Item('c'));
-  view->ExpandItem(Item('c'), true);
-  ASSERT_NE(grandchild, -1);
+  const ItemHandle child = Insert(TEXT("c"), Item('Q'));
+  Insert(TEXT("d"), child);
+  view->ExpandAll();
   PumpMessages();
   for (const Part& part : PARTS) {
     std::uint32_t hitFlags = 99;
-    EXPECT_EQ(HitTest(PartPoint(Item('c'), part.native), false, &hitFlags), Item('c'));
+    EXPECT_EQ(HitTest(PartPoint(child, part.native), false, &hitFlags), child);
     EXPECT_EQ(hitFlags, part.flags);
   }
   view->SetImageList(nullptr);
@@ -191,36 +180,15 @@ TEST_F(TreeSelectionTest, HitFlagsTellThePartOfTheItem) {
 }
 
 TEST_F(TreeSelectionTest, HitFlagsAreEmptyWhereNoItemLies) {
-  Given("PQ", 'P', '-');
-  RECT area;
-  GetClientRect(control, &area);
-  const LONG row = LabelPoint(Item('P')).y;
-  for (const POINT point : {OffPoint(), POINT{-5, row}, POINT{area.right + 5, row}, POINT{5, -5},
-                            POINT{5, area.bottom + 5}}) {
+  Given("P - PQ");
+  for (const POINT point :
+       {OffPoint(), POINT{-5, 5}, POINT{WIDTH + 5, 5}, POINT{5, -5}, POINT{5, HEIGHT + 5}}) {
     std::uint32_t hitFlags = 99;
     EXPECT_EQ(HitTest(point, true, &hitFlags), -1);
     EXPECT_EQ(hitFlags, 0U);
   }
   EXPECT_EQ(Heard(), "");
   EXPECT_EQ(Selected(), "PQ");
-}
-
-TEST_F(TreeSelectionTest, WhatTheControlDoesAloneComesWithoutBracket) {
-  Given("Q", 'Q', '-');
-  const ItemHandle plain = InsertRecord(false);
-  EXPECT_EQ(Heard(), "");
-  const ItemHandle item = InsertRecord(true);
-  EXPECT_EQ(Heard(), client.Name(item));
-  QVLTreeViewItem record;
-  record.SetItemName(TEXT("U"));
-  record.SetSelected(true);
-  view->UpdateItem(&record, plain);
-  EXPECT_EQ(Heard(), client.Name(plain));
-  MoveCaret(0);
-  EXPECT_EQ(Heard(), "0");
-  view->SetItemChecked(item, true);
-  view->UncheckAll();
-  EXPECT_EQ(Heard(), "");
 }
 
 }  // namespace

@@ -7,33 +7,36 @@ namespace {
 
 SentMessages* current = nullptr;
 
-bool WritesText(UINT message) { return message == LVM_INSERTITEMW || message == LVM_SETITEMW; }
-
-bool CarriesItem(UINT message) {
-  return WritesText(message) || message == LVM_GETITEMW || message == LVM_SETITEMSTATE;
-}
-
-void CopyTreeItem(SentMessage& sent, const TVITEMW& item) {
-  sent.treeItem = item;
-  if ((item.mask & TVIF_TEXT) && item.pszText) sent.text = item.pszText;
-}
-
 SentMessage Copy(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   SentMessage sent = {};
   sent.window = window;
   sent.message = message;
   sent.wParam = wParam;
   sent.lParam = lParam;
-  if (CarriesItem(message)) sent.item = *reinterpret_cast<const LVITEMW*>(lParam);
-  if (message == LVM_INSERTCOLUMNW) sent.column = *reinterpret_cast<const LVCOLUMNW*>(lParam);
-  if (WritesText(message) && sent.item.pszText) sent.text = sent.item.pszText;
-  if (message == TVM_SETITEMW) CopyTreeItem(sent, *reinterpret_cast<const TVITEMW*>(lParam));
-  if (message == TVM_INSERTITEMW) {
-    const auto& insert = *reinterpret_cast<const TVINSERTSTRUCTW*>(lParam);
-    sent.treeParent = insert.hParent;
-    sent.insertAfter = insert.hInsertAfter;
-    CopyTreeItem(sent, insert.item);
+  switch (message) {
+    case LVM_INSERTITEMW:
+    case LVM_SETITEMW:
+    case LVM_GETITEMW:
+    case LVM_SETITEMSTATE:
+      sent.item = *reinterpret_cast<const LVITEMW*>(lParam);
+      break;
+    case LVM_INSERTCOLUMNW:
+      sent.column = *reinterpret_cast<const LVCOLUMNW*>(lParam);
+      break;
+    case TVM_INSERTITEMW:
+      sent.treeParent = reinterpret_cast<const TVINSERTSTRUCTW*>(lParam)->hParent;
+      sent.insertAfter = reinterpret_cast<const TVINSERTSTRUCTW*>(lParam)->hInsertAfter;
+      sent.treeItem = reinterpret_cast<const TVINSERTSTRUCTW*>(lParam)->item;
+      break;
+    case TVM_SETITEMW:
+      sent.treeItem = *reinterpret_cast<const TVITEMW*>(lParam);
+      break;
+    default:
+      break;
   }
+  const bool writesRow = message == LVM_INSERTITEMW || message == LVM_SETITEMW;
+  const WCHAR* text = writesRow ? sent.item.pszText : sent.treeItem.pszText;
+  if (text) sent.text = text;
   return sent;
 }
 
@@ -51,9 +54,8 @@ std::vector<SentMessage> SentMessages::Of(UINT message) const {
 }
 
 LRESULT WINAPI SentMessages::Relay(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  SentMessages& spy = *current;
-  spy.all.push_back(Copy(window, message, wParam, lParam));
-  const auto answer = spy.answers.find(message);
-  return answer != spy.answers.end() ? answer->second
-                                     : SendMessageW(window, message, wParam, lParam);
+  current->all.push_back(Copy(window, message, wParam, lParam));
+  const auto answer = current->answers.find(message);
+  return answer != current->answers.end() ? answer->second
+                                          : SendMessageW(window, message, wParam, lParam);
 }

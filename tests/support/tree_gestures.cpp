@@ -12,29 +12,6 @@ LRESULT CALLBACK CountingCall(WNDPROC procedure, HWND window, UINT message, WPAR
   return ForwardWatch::ANSWER;
 }
 
-// The modifier keys as the thread sees them, until the object ends.
-class HeldKeys {
- public:
-  HeldKeys(bool shift, bool control) {
-    Hold(VK_SHIFT, shift);
-    Hold(VK_CONTROL, control);
-  }
-  ~HeldKeys() {
-    Hold(VK_SHIFT, false);
-    Hold(VK_CONTROL, false);
-  }
-  HeldKeys(const HeldKeys&) = delete;
-  HeldKeys& operator=(const HeldKeys&) = delete;
-
- private:
-  static void Hold(int key, bool down) {
-    BYTE keys[256];
-    GetKeyboardState(keys);
-    keys[key] = down ? 0x80 : 0;
-    SetKeyboardState(keys);
-  }
-};
-
 LPARAM Pack(POINT point) { return MAKELPARAM(point.x, point.y); }
 
 }  // namespace
@@ -44,10 +21,8 @@ std::string Short(const Lines& lines) {
   std::string text;
   for (const std::string& line : lines) {
     if (!text.empty()) text += ' ';
-    if (line == "Begin") {
-      text += 'B';
-    } else if (line == "End") {
-      text += 'E';
+    if (line == "Begin" || line == "End") {
+      text += line.front();
     } else {
       text += line.starts_with(report) ? line.substr(report.size()) : line;
     }
@@ -56,6 +31,7 @@ std::string Short(const Lines& lines) {
 }
 
 void TreeTest::OpenEmpty(std::uint32_t style) {
+  client.labels.clear();
   control = CreateView(style);
   ASSERT_NE(control, nullptr);
   SetFocus(control);
@@ -69,6 +45,34 @@ void TreeTest::Open(std::uint32_t style) {
   PumpMessages();
 }
 
+void TreeTest::Given(const std::string& state) {
+  view->SetClient(&client);
+  view->SetMultiSelect(true);
+  Press('P');
+  const char anchor = state[2];
+  if (anchor != '-') {
+    MoveCaret(Item(anchor));
+    Press(anchor, MK_SHIFT);
+  }
+  MoveCaret(Item(state[0]));
+  view->ClearSelection();
+  for (const char name : state.substr(4)) view->SetItemSelected(Item(name), true);
+  client.Take();
+}
+
+std::string TreeTest::State() {
+  const std::string selected = Selected();
+  const std::string caret = CaretItem() ? client.Name(CaretItem()) : "-";
+  view->SetClient(&client);
+  view->SetMultiSelect(true);
+  MoveCaret(0);
+  view->ClearSelection();
+  client.Take();
+  Press('-', MK_SHIFT);
+  const std::string anchor = Heard() == "B E" ? "-" : Selected().substr(0, 1);
+  return caret + " " + anchor + " " + selected;
+}
+
 ItemHandle TreeTest::Item(char name) const {
   for (const auto& [item, label] : client.labels) {
     if (label == std::string(1, name)) return item;
@@ -76,37 +80,48 @@ ItemHandle TreeTest::Item(char name) const {
   return 0;
 }
 
-void TreeTest::Given(const std::string& selected, char caret, char anchor) {
-  Press(Item('P'));
-  if (anchor != '-') {
-    MoveCaret(Item(anchor));
-    Press(Item(anchor), MK_SHIFT);
-  }
-  MoveCaret(Item(caret));
-  view->ClearSelection();
-  for (const char name : selected) view->SetItemSelected(Item(name), true);
-  client.Take();
+std::string TreeTest::Selected() const {
+  std::string names;
+  const int count = view->GetSelectedCount();
+  for (int place = 0; place < count; ++place) names += client.Name(view->GetSelectedItem(place));
+  return names;
+}
+
+std::basic_string<WCHAR> TreeTest::TextOf(ItemHandle item) const {
+  WCHAR text[100] = {};
+  TVITEMW record = {};
+  record.mask = TVIF_TEXT;
+  record.hItem = Native(item);
+  record.pszText = text;
+  record.cchTextMax = 100;
+  Ask(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&record));
+  return text;
 }
 
 LRESULT TreeTest::PressAt(POINT point, WPARAM keys) {
   // The control waits for the button to come up before it answers the press.
   PostMessageW(control, WM_LBUTTONUP, keys, Pack(point));
-  const LRESULT result = SendMessageW(control, WM_LBUTTONDOWN, keys | MK_LBUTTON, Pack(point));
+  const LRESULT result = Ask(WM_LBUTTONDOWN, keys | MK_LBUTTON, Pack(point));
   PumpMessages();
   return result;
 }
 
-LRESULT TreeTest::Press(ItemHandle item, WPARAM keys) { return PressAt(LabelPoint(item), keys); }
+LRESULT TreeTest::Key(WPARAM key, WPARAM modifiers) {
+  HoldDown(modifiers);
+  const LRESULT result = Ask(WM_KEYDOWN, key, 1);
+  HoldDown(0);
+  return result;
+}
 
-LRESULT TreeTest::PressOff(WPARAM keys) { return PressAt(OffPoint(), keys); }
-
-LRESULT TreeTest::Key(WPARAM key, bool shift, bool withControl) {
-  const HeldKeys held(shift, withControl);
-  return SendMessageW(control, WM_KEYDOWN, key, 1);
+void TreeTest::HoldDown(WPARAM modifiers) {
+  BYTE keys[256] = {};
+  if (modifiers & MK_SHIFT) keys[VK_SHIFT] = 0x80;
+  if (modifiers & MK_CONTROL) keys[VK_CONTROL] = 0x80;
+  SetKeyboardState(keys);
 }
 
 void TreeTest::RequestMenu(POINT point) {
-  SendMessageW(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), Pack(ToScreen(point)));
+  Ask(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), Pack(ToScreen(point)));
 }
 
 LRESULT TreeTest::Notify(NMHDR& record, UINT code, int id) {
@@ -115,14 +130,19 @@ LRESULT TreeTest::Notify(NMHDR& record, UINT code, int id) {
                       reinterpret_cast<LPARAM>(&record));
 }
 
+LRESULT TreeTest::NotifyOf(ItemHandle item, UINT code, int id) {
+  NMTREEVIEWW record = {};
+  record.itemNew.hItem = Native(item);
+  return Notify(record.hdr, code, id);
+}
+
 RECT TreeTest::ItemRect(ItemHandle item, bool labelOnly) const {
   union {
     ItemHandle asked;
     RECT rect;
   } record = {item};
-  const LRESULT found = SendMessageW(control, TVM_GETITEMRECT, labelOnly ? TRUE : FALSE,
-                                     reinterpret_cast<LPARAM>(&record));
-  EXPECT_NE(found, 0) << client.Name(item) << " is not shown";
+  EXPECT_TRUE(Ask(TVM_GETITEMRECT, labelOnly, reinterpret_cast<LPARAM>(&record)))
+      << client.Name(item) << " is not shown";
   return record.rect;
 }
 
@@ -137,10 +157,15 @@ POINT TreeTest::OffPoint() const {
   return {area.right / 2, area.bottom - 2};
 }
 
+POINT TreeTest::ToScreen(POINT point) const {
+  ClientToScreen(control, &point);
+  return point;
+}
+
 TVHITTESTINFO TreeTest::HitAt(POINT point) const {
   TVHITTESTINFO hit = {};
   hit.pt = point;
-  SendMessageW(control, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  Ask(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
   return hit;
 }
 
@@ -152,38 +177,6 @@ POINT TreeTest::PartPoint(ItemHandle item, UINT parts) const {
   }
   ADD_FAILURE() << client.Name(item) << " has no such part";
   return point;
-}
-
-POINT TreeTest::ToScreen(POINT point) const {
-  ClientToScreen(control, &point);
-  return point;
-}
-
-void TreeTest::MoveCaret(ItemHandle item) const {
-  SendMessageW(control, TVM_SELECTITEM, TVGN_CARET, item);
-}
-
-ItemHandle TreeTest::CaretItem() const {
-  return SendMessageW(control, TVM_GETNEXTITEM, TVGN_CARET, 0);
-}
-
-std::string TreeTest::Selected() const {
-  std::string names;
-  const int count = view->GetSelectedCount();
-  for (int place = 0; place < count; ++place) names += client.Name(view->GetSelectedItem(place));
-  return names;
-}
-
-std::string TreeTest::ObserveAnchor() {
-  view->SetClient(&client);
-  view->SetMultiSelect(true);
-  MoveCaret(0);
-  view->ClearSelection();
-  client.Take();
-  PressOff(MK_SHIFT);
-  if (Heard() == "B E") return "-";
-  const std::string stretch = Selected();
-  return stretch.empty() ? "gone" : stretch.substr(0, 1);
 }
 
 ForwardWatch::ForwardWatch() : patch("CallWindowProcW", &CountingCall) { forwards = 0; }

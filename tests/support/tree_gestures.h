@@ -15,6 +15,8 @@ constexpr bool REAL_CONTROL = true;
 constexpr bool REAL_CONTROL = false;
 #endif
 
+inline HTREEITEM Native(ItemHandle item) { return reinterpret_cast<HTREEITEM>(item); }
+
 // The client's lines in short: B and E for the bracket, the item's name alone for a report, and
 // every other line as it is; "B Q R 0 S E".
 std::string Short(const Lines& lines);
@@ -30,56 +32,57 @@ class TreeTest : public HostTest {
   // The same with the items P, Q, R and S at the top level.
   void Open(std::uint32_t style = 0);
 
-  ItemHandle Item(char name) const;
+  // A state is caret, anchor and selected items: "Q - PR". Given puts the tree into it and clears
+  // the client's record. State tells it; the anchor is found out by a Shift press, which costs
+  // caret and selection.
+  void Given(const std::string& state);
+  std::string State();
 
-  // Gives the view this selection, caret and anchor, and the client an empty record.
-  void Given(const std::string& selected, char caret, char anchor);
+  ItemHandle Item(char name) const;
+  ItemHandle CaretItem() const { return Ask(TVM_GETNEXTITEM, TVGN_CARET); }
+  std::string Selected() const;
+  std::basic_string<WCHAR> TextOf(ItemHandle item) const;
+
+  // Moves the caret by message; 0 takes it away.
+  void MoveCaret(ItemHandle item) const { Ask(TVM_SELECTITEM, TVGN_CARET, item); }
 
   // The button goes down and up again. The result is the control window's answer to the press.
   LRESULT PressAt(POINT point, WPARAM keys = 0);
-  LRESULT Press(ItemHandle item, WPARAM keys = 0);
-  LRESULT PressOff(WPARAM keys = 0);
   LRESULT Press(char name, WPARAM keys = 0) {
-    return name == '-' ? PressOff(keys) : Press(Item(name), keys);
+    return PressAt(name == '-' ? OffPoint() : LabelPoint(Item(name)), keys);
   }
-  LRESULT Key(WPARAM key, bool shift = false, bool control = false);
+
+  // The modifiers are MK_SHIFT and MK_CONTROL, as for a press.
+  LRESULT Key(WPARAM key, WPARAM modifiers = 0);
+  static void HoldDown(WPARAM modifiers);
 
   // Asks for a context menu with the mouse at a point of the control.
   void RequestMenu(POINT point);
 
-  // Tells the view's parent window of a notification, as a child with that id and window would.
+  // Tells the view's parent window of a notification, as a child with that id would.
   LRESULT Notify(NMHDR& record, UINT code, int id = CONTROL_ID);
+  LRESULT NotifyOf(ItemHandle item, UINT code, int id = CONTROL_ID);
 
   RECT ItemRect(ItemHandle item, bool labelOnly = true) const;
   POINT LabelPoint(ItemHandle item) const;
   POINT OffPoint() const;
+  POINT ToScreen(POINT point) const;
 
   // What the control itself says of a point.
   TVHITTESTINFO HitAt(POINT point) const;
 
   // The leftmost point of the item's row with one of these native hit flags.
   POINT PartPoint(ItemHandle item, UINT parts) const;
-  POINT ToScreen(POINT point) const;
-
-  // Moves the caret by message; 0 takes it away.
-  void MoveCaret(ItemHandle item) const;
-  ItemHandle CaretItem() const;
-
-  // Names of the selected items from the top down, and of the caret.
-  std::string Selected() const;
-  std::string Caret() const { return Named(CaretItem()); }
-
-  // The anchor's name, or "gone" for one that is no longer visible. It is found out by a Shift
-  // press, which costs selection and caret, but not the anchor.
-  std::string ObserveAnchor();
 
   // What the client has heard since it was last asked, in short.
   std::string Heard() { return Short(client.Take()); }
 
-  HWND control = nullptr;
+  // Sends the control a message, past the library's back.
+  LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return SendMessageW(control, message, wParam, lParam);
+  }
 
- private:
-  std::string Named(ItemHandle item) const { return item ? client.Name(item) : "-"; }
+  HWND control = nullptr;
 };
 
 // Counts the presses and keys that the library hands on to the control while the object lives. Each
