@@ -1,4 +1,4 @@
-// The list's windows: their styles and places, their columns, and what is left without them.
+// The list's windows: their styles and places, and their columns.
 
 #include <windows.h>
 
@@ -68,7 +68,7 @@ TEST_F(ListCreateTest, EachFlagGivesItsStyles) {
   }
 }
 
-TEST_F(ListCreateTest, TheStyleRecordAddsToTheControlsThreeStyles) {
+TEST_F(ListCreateTest, TheStyleRecordAddsToTheThreeStylesOfTheListAlone) {
   QVLTreeViewStyleExt styles;
   styles.SetStyle(LVS_EDITLABELS | LVS_SHOWSELALWAYS);
   styles.SetStyleEx(WS_EX_ACCEPTFILES);
@@ -79,27 +79,8 @@ TEST_F(ListCreateTest, TheStyleRecordAddsToTheControlsThreeStyles) {
   EXPECT_EQ(ListStyle(), 0x4036);
   EXPECT_EQ(StyleOf(parent), CHILD);
   EXPECT_EQ(ExStyleOf(parent), 0u);
-}
-
-TEST_F(ListCreateTest, DestroyForgetsAllButTheProxysClient) {
-  Open();
   EXPECT_EQ(ClassOf(parent), TEXT("QVLListViewParent"));
   EXPECT_EQ(ClassOf(control), TEXT("SysListView32"));
-  EXPECT_EQ(GetParent(parent), host);
-  EXPECT_EQ(view->GetControlWindow(), control);
-  view->SetMultiSelect(true);
-  AddRows(2);
-  view->Destroy();
-  EXPECT_FALSE(IsWindow(control) || IsWindow(parent));
-  EXPECT_FALSE(view->GetMultiSelect());
-
-  Open();
-  EXPECT_EQ(RowCount(), 0);
-  const SentMessages sent;
-  AddRows(1);
-  EXPECT_EQ(sent.Of(LVM_INSERTITEMW)[0].item.iItem, 0);
-  view->SetItemSelected(0, true);
-  EXPECT_EQ(client.Take(), Brackets({0}));
 }
 
 TEST_F(ListCreateTest, TheDefaultColumnIsAsWideAsTheControlAndFollowsMove) {

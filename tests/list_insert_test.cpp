@@ -44,7 +44,7 @@ TEST_F(ListInsertTest, ARowGoesToTheControlAsTheRecordSays) {
     SCOPED_TRACE(row);
     QVLTreeViewItem record;
     record.SetItemName(TEXT("name"));
-    record.SetClientPtr(-0x123456789A);
+    record.SetClientPtr(row - 0x123456789A);
     record.SetIndentOffset(4);
     c.set(record);
     sent.Forget();
@@ -64,11 +64,12 @@ TEST_F(ListInsertTest, ARowGoesToTheControlAsTheRecordSays) {
       EXPECT_EQ(item.iImage, c.image);
       EXPECT_EQ(item.state, c.state);
       EXPECT_EQ(item.stateMask, 0xF004u);
-      EXPECT_EQ(item.lParam, -0x123456789A);
+      EXPECT_EQ(item.lParam, row - 0x123456789A);
       EXPECT_EQ(message.text, TEXT("name"));
     }
     EXPECT_EQ(Indent(row), 4);
-    EXPECT_EQ(view->GetItemClientPtr(row++), -0x123456789A);
+    EXPECT_EQ(view->GetItemClientPtr(row), row - 0x123456789A);
+    ++row;
   }
 }
 

@@ -127,13 +127,16 @@ TEST_P(RedrawTest, ManyChangesAreDrawnOnceAtTheEndAndAHandfulAsItComes) {
 }
 
 TEST_P(RedrawTest, ItemsThatStayAsTheyAreAreNoChanges) {
-  OpenWith(20);
-  const ItemHandleList items = Items();
-  for (std::size_t i = 0; i < 12; ++i) view->SetItemSelected(items[i], true);
-  Settle();
-  view->SelectAll();
-  EXPECT_EQ(Requests(), NONE);
-  EXPECT_EQ(view->GetSelectedCount(), 20);
+  for (const bool select : {true, false}) {
+    OpenWith(20);
+    const ItemHandleList items = Items();
+    if (!select) view->SelectAll();
+    for (std::size_t i = 0; i < 12; ++i) view->SetItemSelected(items[i], select);
+    Settle();
+    select ? view->SelectAll() : view->ClearSelection();
+    EXPECT_EQ(Requests(), NONE);
+    EXPECT_EQ(view->GetSelectedCount(), select ? 20 : 0);
+  }
 }
 
 TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
