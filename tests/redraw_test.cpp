@@ -28,21 +28,18 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
 
   void OpenAnew() {
     if (!view) view = client.view = GetIQVLTreeView();
-    client.labels.clear();
     OpenEmpty(QVLS_CHECKBOXES | QVLS_SHOWSELALWAYS | GetParam());
   }
 
-  // Top-level items, all of one name.
   void OpenWith(int count) {
     OpenAnew();
-    for (int i = 0; i < count; ++i) Insert(TEXT("i"));
-    Settle();
+    AddItems(count);
   }
 
-  ItemHandleList Items() {
-    ItemHandleList items;
-    view->GetItems(&items, true);
-    return items;
+  void AddItems(int count) {
+    items.clear();
+    for (int i = 0; i < count; ++i) items.push_back(Insert(TEXT("i")));
+    Settle();
   }
 
   void Settle() {
@@ -102,11 +99,12 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
     const auto expandAll = [this] { view->ExpandAll(); };
     operations.push_back({"ExpandAll", nothing, expandAll});
     operations.push_back({"CollapseAll", expandAll, [this] { view->CollapseAll(); }});
-    operations.push_back({"a Shift press", [this] { MoveCaret(Items().front()); },
-                          [this] { ShiftPress(Items().back()); }});
+    operations.push_back({"a Shift press", [this] { MoveCaret(items.front()); },
+                          [this] { ShiftPress(items.back()); }});
     return operations;
   }
 
+  ItemHandleList items;
   SentMessages sent;
   int reports = 0;
 };
@@ -129,7 +127,6 @@ TEST_P(RedrawTest, ManyChangesAreDrawnOnceAtTheEndAndAHandfulAsItComes) {
 TEST_P(RedrawTest, ItemsThatStayAsTheyAreAreNoChanges) {
   for (const bool select : {true, false}) {
     OpenWith(20);
-    const ItemHandleList items = Items();
     if (!select) view->SelectAll();
     for (std::size_t i = 0; i < 12; ++i) view->SetItemSelected(items[i], select);
     Settle();
@@ -206,8 +203,7 @@ TEST_P(RedrawTest, AViewThatEndsMeanwhileTakesItsSuspensionAlong) {
     EXPECT_FALSE(IsWindow(before));
   }
   // Create came last: nothing of the old suspension sticks to the new control.
-  for (int i = 0; i < 20; ++i) Insert(TEXT("i"));
-  Settle();
+  AddItems(20);
   view->SelectAll();
   EXPECT_EQ(Requests(), SUSPENDED_AND_PUT_BACK);
 }

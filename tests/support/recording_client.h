@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -57,35 +58,33 @@ class RecordingClient final : public IQVLTreeViewClient {
 
   void OnContextMenu(IQVLTreeView* from, int x, int y, ItemHandle item,
                      std::uint32_t hitFlags) override {
-    Record(from, "ContextMenu " + std::to_string(x) + "," + std::to_string(y) + " " + Name(item) +
-                     Hex(hitFlags));
-    Answer(onContextMenu, x, y, item, hitFlags);
+    Hear(from,
+         "ContextMenu " + std::to_string(x) + "," + std::to_string(y) + " " + Name(item) +
+             Hex(hitFlags),
+         onContextMenu, x, y, item, hitFlags);
   }
 
   bool OnGetInfoTip(IQVLTreeView* from, ItemHandle item, WCHAR** text, int* length,
                     std::uint32_t hitFlags) override {
-    Record(from, "InfoTip " + Name(item) + Hex(hitFlags));
     EXPECT_EQ(*text, nullptr);
     EXPECT_EQ(*length, 0);
-    return Answer(onGetInfoTip, item, text, length);
+    return Hear(from, "InfoTip " + Name(item) + Hex(hitFlags), onGetInfoTip, item, text, length);
   }
 
   bool OnBeginDrag(IQVLTreeView* from, ItemHandleList* items, FileNameList* files) override {
-    Record(from, "BeginDrag" + Names(*items));
     EXPECT_TRUE(files->empty());
-    return Answer(onBeginDrag, items, files);
+    return Hear(from, "BeginDrag" + Names(*items), onBeginDrag, items, files);
   }
 
-  bool OnCreateColumns(IQVLTreeView* from, HWND listWindow, RECT* clientRect) override {
-    Record(from, "CreateColumns " + std::to_string(clientRect->right - clientRect->left) + "x" +
-                     std::to_string(clientRect->bottom - clientRect->top));
-    return Answer(onCreateColumns, listWindow, clientRect);
+  bool OnCreateColumns(IQVLTreeView* from, HWND listWindow, RECT* area) override {
+    const std::string size =
+        std::to_string(area->right - area->left) + "x" + std::to_string(area->bottom - area->top);
+    return Hear(from, "CreateColumns " + size, onCreateColumns, listWindow, area);
   }
 
   bool OnShellContextMenu(IQVLTreeView* from, ItemHandleList* items, FileNameList* files) override {
-    Record(from, "ShellContextMenu" + Names(*items));
     EXPECT_TRUE(files->empty());
-    return Answer(onShellContextMenu, items, files);
+    return Hear(from, "ShellContextMenu" + Names(*items), onShellContextMenu, items, files);
   }
 
   bool OnLabelEdit(IQVLTreeView* from, NMHDR* record, std::uint32_t code) override {
@@ -96,42 +95,42 @@ class RecordingClient final : public IQVLTreeViewClient {
         {static_cast<std::uint32_t>(LVN_ENDLABELEDITW), "LVN_ENDLABELEDITW"},
     };
     const auto name = NAMES.find(code);
-    Record(from, "LabelEdit " + (name != NAMES.end() ? name->second : Hex(code)));
     EXPECT_EQ(static_cast<std::uint32_t>(record->code), code);
-    return Answer(onLabelEdit, record, code);
+    return Hear(from, "LabelEdit " + (name != NAMES.end() ? name->second : Hex(code)), onLabelEdit,
+                record, code);
   }
 
   void OnBeginSelectionChange(IQVLTreeView* from) override {
     ++depth;
-    Record(from, "Begin");
-    Answer(onBeginSelectionChange);
+    Hear(from, "Begin", onBeginSelectionChange);
   }
 
   void OnItemSelectionChanged(IQVLTreeView* from, ItemHandle item) override {
-    Record(from, "Changed " + Name(item));
-    Answer(onItemSelectionChanged, item);
+    Hear(from, "Changed " + Name(item), onItemSelectionChanged, item);
   }
 
   void OnEndSelectionChange(IQVLTreeView* from) override {
-    EXPECT_GT(depth--, 0) << "an End without its Begin";
-    Record(from, "End");
-    Answer(onEndSelectionChange);
+    EXPECT_GT(depth, 0) << "an End without its Begin";
+    --depth;
+    Hear(from, "End", onEndSelectionChange);
   }
 
   void OnColumnClick(IQVLTreeView* from, int column) override {
-    Record(from, "ColumnClick " + std::to_string(column));
-    Answer(onColumnClick, column);
+    Hear(from, "ColumnClick " + std::to_string(column), onColumnClick, column);
   }
 
   void OnItemExpanded(IQVLTreeView* from, ItemHandle item) override {
-    Record(from, "Expanded " + Name(item));
-    Answer(onItemExpanded, item);
+    Hear(from, "Expanded " + Name(item), onItemExpanded, item);
   }
 
  private:
-  void Record(IQVLTreeView* from, std::string line) {
+  // The function is a copy, so that a test's function may replace itself while it runs.
+  template <class Result, class... Arguments>
+  Result Hear(IQVLTreeView* from, std::string line, std::function<Result(Arguments...)> answer,
+              std::type_identity_t<Arguments>... arguments) {
     EXPECT_EQ(from, view) << "in " << line;
     lines.push_back(std::move(line));
+    return answer ? answer(arguments...) : Result();
   }
 
   std::string Names(const ItemHandleList& items) const {
@@ -144,12 +143,6 @@ class RecordingClient final : public IQVLTreeViewClient {
     char text[16];
     std::snprintf(text, sizeof text, " 0x%04x", static_cast<unsigned>(value));
     return text;
-  }
-
-  // Calls a copy, so that a test's function may replace itself while it runs.
-  template <class Result, class... Arguments>
-  static Result Answer(std::function<Result(Arguments...)> function, Arguments... arguments) {
-    return function ? function(arguments...) : Result();
   }
 
   Lines lines;
