@@ -10,6 +10,20 @@
 
 namespace {
 
+// What a record says and what the control is sent for it.
+struct RecordCase {
+  std::function<void(QVLTreeViewItem&)> set;
+  UINT mask, state;
+  int image;
+};
+
+const RecordCase RECORDS[] = {
+    {[](auto&) {}, 0x07, 0, -1},
+    {[](auto& r) { r.SetImageIndex(3), r.SetCut(true), r.SetBold(true); }, 0x07, 0x0004, 3},
+    {[](auto& r) { r.SetStateIndex(0), r.SetSubItem(-3); }, 0x0F, 0x1000, -1},
+    {[](auto& r) { r.SetStateIndex(1), r.SetCut(true), r.SetBold(true); }, 0x0F, 0x2004, -1},
+};
+
 class ListInsertTest : public ListTest {
  protected:
   ItemHandle InsertUnder(ItemHandle under, int indentOffset = 0) {
@@ -27,20 +41,10 @@ class ListInsertTest : public ListTest {
 };
 
 TEST_F(ListInsertTest, ARowGoesToTheControlAsTheRecordSays) {
-  struct {
-    std::function<void(QVLTreeViewItem&)> set;
-    UINT mask, state;
-    int image;
-  } const cases[] = {
-      {[](auto&) {}, 0x07, 0, -1},
-      {[](auto& r) { r.SetImageIndex(3), r.SetCut(true), r.SetBold(true); }, 0x07, 0x0004, 3},
-      {[](auto& r) { r.SetStateIndex(0), r.SetSubItem(-3); }, 0x0F, 0x1000, -1},
-      {[](auto& r) { r.SetStateIndex(1), r.SetCut(true), r.SetBold(true); }, 0x0F, 0x2004, -1},
-  };
   Open(QVLS_CHECKBOXES);
   SentMessages sent;
   int row = 0;
-  for (const auto& c : cases) {
+  for (const RecordCase& c : RECORDS) {
     SCOPED_TRACE(row);
     QVLTreeViewItem record;
     record.SetItemName(TEXT("name"));
@@ -136,7 +140,6 @@ TEST_F(ListInsertTest, ARecordWithACellNumberWritesTheCell) {
   QVLTreeViewItem record;
   record.SetItemName(TEXT("cell"));
   record.SetSubItem(2);
-  record.SetImageIndex(5);
   record.SetStateIndex(1);
   EXPECT_EQ(view->InsertItem(&record, 1), 1);
   EXPECT_EQ(Text(1, 2), TEXT("cell"));

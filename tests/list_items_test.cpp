@@ -167,11 +167,6 @@ TEST_F(ListItemsTest, WithSystemIconsTheShellIsAskedForEachRow) {
   const WCHAR* const asked[] = {whole, TEXT("file.txt"), whole, whole};
   ASSERT_EQ(shell.questions.size(), 4u) << "a cell has no icon";
   for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(shell.questions[i].name, asked[i]) << i;
-
-  view->Destroy();
-  Open();
-  record.SetSubItem(0);
-  EXPECT_EQ(insert(0, 45), 6);
 }
 
 TEST_F(ListItemsTest, ChecksAreStateImagesOneAndTwo) {

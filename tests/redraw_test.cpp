@@ -22,6 +22,15 @@ struct Operation {
   std::function<void()> run;
 };
 
+// What the host does with the drawing, and what the library asks for then.
+struct HostsWay {
+  const char* name;
+  std::function<void()> action;
+  int report;  // in which of SelectAll's reports it is done; 0 is before
+  std::string requests;
+  std::string next;  // what the operation after that asks for
+};
+
 class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::uint32_t> {
  protected:
   bool IsList() const { return GetParam() == QVLS_LISTVIEW; }
@@ -104,6 +113,27 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
     return operations;
   }
 
+  std::vector<HostsWay> HostsWays() {
+    const auto suspend = [this] { HostSetsRedraw(false); };
+    const auto suspendAndPutBack = [this] { HostSetsRedraw(false), HostSetsRedraw(true); };
+    const auto hide = [this] { view->Hide(); };
+    const auto hideHost = [this] { ShowWindow(host, SW_HIDE); };
+    const auto check = [this] { view->CheckAll(); };
+    const auto checkAndClear = [this] { view->CheckAll(), view->ClearSelection(); };
+    return {
+        {"suspended before", suspend, 0, NONE, NONE},
+        {"suspended early", suspend, 3, NONE, NONE},
+        {"suspended late", suspend, 12, SUSPENDED, NONE},
+        {"put back", suspendAndPutBack, 12, SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
+        {"hidden before", hide, 0, NONE, NONE},
+        {"hidden with its host", hideHost, 0, NONE, NONE},
+        {"hidden late", hide, 12, SUSPENDED_AND_PUT_BACK, NONE},
+        {"operation before the outer one suspends", check, 3,
+         SUSPENDED_AND_PUT_BACK + SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
+        {"operation within", checkAndClear, 12, SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
+    };
+  }
+
   ItemHandleList items;
   SentMessages sent;
   int reports = 0;
@@ -137,31 +167,7 @@ TEST_P(RedrawTest, ItemsThatStayAsTheyAreAreNoChanges) {
 }
 
 TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
-  const auto suspend = [this] { HostSetsRedraw(false); };
-  const auto suspendAndPutBack = [this] { HostSetsRedraw(false), HostSetsRedraw(true); };
-  const auto hide = [this] { view->Hide(); };
-  const auto hideHost = [this] { ShowWindow(host, SW_HIDE); };
-  const auto check = [this] { view->CheckAll(); };
-  const auto checkAndClear = [this] { view->CheckAll(), view->ClearSelection(); };
-  struct {
-    const char* name;
-    std::function<void()> action;
-    int report;  // in which of SelectAll's reports it is done; 0 is before
-    std::string requests;
-    std::string next;  // what the operation after that asks for
-  } const cases[] = {
-      {"suspended before", suspend, 0, NONE, NONE},
-      {"suspended early", suspend, 3, NONE, NONE},
-      {"suspended late", suspend, 12, SUSPENDED, NONE},
-      {"put back", suspendAndPutBack, 12, SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
-      {"hidden before", hide, 0, NONE, NONE},
-      {"hidden with its host", hideHost, 0, NONE, NONE},
-      {"hidden late", hide, 12, SUSPENDED_AND_PUT_BACK, NONE},
-      {"operation before the outer one suspends", check, 3,
-       SUSPENDED_AND_PUT_BACK + SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
-      {"operation within", checkAndClear, 12, SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
-  };
-  for (const auto& c : cases) {
+  for (const HostsWay& c : HostsWays()) {
     SCOPED_TRACE(c.name);
     OpenWith(20);
     if (c.report == 0) c.action();
