@@ -57,11 +57,8 @@ ItemHandle HostTest::Insert(const WCHAR* name, ItemHandle parent) {
   QVLTreeViewItem item;
   item.SetItemName(name);
   const ItemHandle handle = view->InsertItem(&item, parent);
-  std::string label;
-  for (const WCHAR* character = name; *character; ++character) {
-    label += static_cast<char>(*character);
-  }
-  client.labels[handle] = label;
+  const std::basic_string<WCHAR> label = name;
+  client.labels[handle].assign(label.begin(), label.end());
   return handle;
 }
 

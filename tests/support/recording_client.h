@@ -1,9 +1,14 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
+#include <cstdio>
 #include <functional>
 #include <map>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "qvl.h"
@@ -22,10 +27,13 @@ using Lines = std::vector<std::string>;
 class RecordingClient final : public IQVLTreeViewClient {
  public:
   // The calls since the last Take, oldest first.
-  Lines Take();
+  Lines Take() { return std::exchange(lines, {}); }
 
   // `item` in the words of the lines.
-  std::string Name(ItemHandle item) const;
+  std::string Name(ItemHandle item) const {
+    const auto found = labels.find(item);
+    return found != labels.end() ? found->second : std::to_string(item);
+  }
 
   // The view that every call has to name.
   IQVLTreeView* view = nullptr;
@@ -49,22 +57,93 @@ class RecordingClient final : public IQVLTreeViewClient {
   std::function<void(ItemHandle item)> onItemExpanded;
 
   void OnContextMenu(IQVLTreeView* from, int x, int y, ItemHandle item,
-                     std::uint32_t hitFlags) override;
+                     std::uint32_t hitFlags) override {
+    Hear(from,
+         "ContextMenu " + std::to_string(x) + "," + std::to_string(y) + " " + Name(item) +
+             Hex(hitFlags),
+         onContextMenu, x, y, item, hitFlags);
+  }
+
   bool OnGetInfoTip(IQVLTreeView* from, ItemHandle item, WCHAR** text, int* length,
-                    std::uint32_t hitFlags) override;
-  bool OnBeginDrag(IQVLTreeView* from, ItemHandleList* items, FileNameList* files) override;
-  bool OnCreateColumns(IQVLTreeView* from, HWND listWindow, RECT* clientRect) override;
-  bool OnShellContextMenu(IQVLTreeView* from, ItemHandleList* items, FileNameList* files) override;
-  bool OnLabelEdit(IQVLTreeView* from, NMHDR* record, std::uint32_t code) override;
-  void OnBeginSelectionChange(IQVLTreeView* from) override;
-  void OnItemSelectionChanged(IQVLTreeView* from, ItemHandle item) override;
-  void OnEndSelectionChange(IQVLTreeView* from) override;
-  void OnColumnClick(IQVLTreeView* from, int column) override;
-  void OnItemExpanded(IQVLTreeView* from, ItemHandle item) override;
+                    std::uint32_t hitFlags) override {
+    EXPECT_EQ(*text, nullptr);
+    EXPECT_EQ(*length, 0);
+    return Hear(from, "InfoTip " + Name(item) + Hex(hitFlags), onGetInfoTip, item, text, length);
+  }
+
+  bool OnBeginDrag(IQVLTreeView* from, ItemHandleList* items, FileNameList* files) override {
+    EXPECT_TRUE(files->empty());
+    return Hear(from, "BeginDrag" + Names(*items), onBeginDrag, items, files);
+  }
+
+  bool OnCreateColumns(IQVLTreeView* from, HWND listWindow, RECT* area) override {
+    const std::string size =
+        std::to_string(area->right - area->left) + "x" + std::to_string(area->bottom - area->top);
+    return Hear(from, "CreateColumns " + size, onCreateColumns, listWindow, area);
+  }
+
+  bool OnShellContextMenu(IQVLTreeView* from, ItemHandleList* items, FileNameList* files) override {
+    EXPECT_TRUE(files->empty());
+    return Hear(from, "ShellContextMenu" + Names(*items), onShellContextMenu, items, files);
+  }
+
+  bool OnLabelEdit(IQVLTreeView* from, NMHDR* record, std::uint32_t code) override {
+    static const std::map<std::uint32_t, std::string> NAMES = {
+        {static_cast<std::uint32_t>(TVN_BEGINLABELEDITW), "TVN_BEGINLABELEDITW"},
+        {static_cast<std::uint32_t>(TVN_ENDLABELEDITW), "TVN_ENDLABELEDITW"},
+        {static_cast<std::uint32_t>(LVN_BEGINLABELEDITW), "LVN_BEGINLABELEDITW"},
+        {static_cast<std::uint32_t>(LVN_ENDLABELEDITW), "LVN_ENDLABELEDITW"},
+    };
+    const auto name = NAMES.find(code);
+    EXPECT_EQ(static_cast<std::uint32_t>(record->code), code);
+    return Hear(from, "LabelEdit " + (name != NAMES.end() ? name->second : Hex(code)), onLabelEdit,
+                record, code);
+  }
+
+  void OnBeginSelectionChange(IQVLTreeView* from) override {
+    ++depth;
+    Hear(from, "Begin", onBeginSelectionChange);
+  }
+
+  void OnItemSelectionChanged(IQVLTreeView* from, ItemHandle item) override {
+    Hear(from, "Changed " + Name(item), onItemSelectionChanged, item);
+  }
+
+  void OnEndSelectionChange(IQVLTreeView* from) override {
+    EXPECT_GT(depth, 0) << "an End without its Begin";
+    --depth;
+    Hear(from, "End", onEndSelectionChange);
+  }
+
+  void OnColumnClick(IQVLTreeView* from, int column) override {
+    Hear(from, "ColumnClick " + std::to_string(column), onColumnClick, column);
+  }
+
+  void OnItemExpanded(IQVLTreeView* from, ItemHandle item) override {
+    Hear(from, "Expanded " + Name(item), onItemExpanded, item);
+  }
 
  private:
-  void Record(IQVLTreeView* from, std::string line);
-  std::string Names(const ItemHandleList& items) const;
+  // The function is a copy, so that a test's function may replace itself while it runs.
+  template <class Result, class... Arguments>
+  Result Hear(IQVLTreeView* from, std::string line, std::function<Result(Arguments...)> answer,
+              std::type_identity_t<Arguments>... arguments) {
+    EXPECT_EQ(from, view) << "in " << line;
+    lines.push_back(std::move(line));
+    return answer ? answer(arguments...) : Result();
+  }
+
+  std::string Names(const ItemHandleList& items) const {
+    std::string names;
+    for (const ItemHandle item : items) names += " " + Name(item);
+    return names;
+  }
+
+  static std::string Hex(std::uint32_t value) {
+    char text[16];
+    std::snprintf(text, sizeof text, " 0x%04x", static_cast<unsigned>(value));
+    return text;
+  }
 
   Lines lines;
 };
