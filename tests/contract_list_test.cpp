@@ -2,37 +2,21 @@
 // that does otherwise, on the control alone.
 #include "support/contract_host.h"
 
+#include <functional>
 #include <string>
 
 namespace {
 
-constexpr DWORD REPORT = LVS_REPORT | LVS_SHAREIMAGELISTS;
-constexpr int HEADER = 17;
-constexpr int ROW = 14;
-constexpr int ON_LABEL = 24;
 constexpr int ON_BOX = 8;
 
-constexpr int Middle(int row) { return HEADER + row * ROW + ROW / 2; }
-
-void Hold(int key, bool down) {
-  BYTE keys[256];
-  GetKeyboardState(keys);
-  keys[key] = down ? 0x80 : 0;
-  SetKeyboardState(keys);
-}
-
-// Rows 0 to 5, the last indented by two, in a column of 100 and one of 60.
+// Rows 0 to 5 with boxes, in a column of 100 and one of 60.
 class ListContract : public ContractTest {
  protected:
   void SetUp() override {
     ContractTest::SetUp();
-    MakeList();
-  }
-
-  void MakeList(DWORD extended = 0, int rows = 6) {
-    MakeControl(WC_LISTVIEWW, REPORT);
-    extended |= LVS_EX_FULLROWSELECT | LVS_EX_SUBITEMIMAGES;
-    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
+    MakeControl(WC_LISTVIEWW, LVS_REPORT);
+    constexpr DWORD EXTENDED = LVS_EX_FULLROWSELECT | LVS_EX_CHECKBOXES;
+    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, EXTENDED, static_cast<LPARAM>(EXTENDED));
     for (const int width : {60, 100}) {
       LVCOLUMNW column = {};
       column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_SUBITEM;
@@ -40,25 +24,16 @@ class ListContract : public ContractTest {
       SendRecord(LVM_INSERTCOLUMNW, 0, &column);
     }
     WCHAR text[] = TEXT("row");
-    for (int row = 0; row < rows; ++row) {
+    for (int row = 0; row < 6; ++row) {
       LVITEMW values = {};
-      values.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_INDENT;
+      values.mask = LVIF_TEXT;
       values.iItem = row;
       values.pszText = text;
-      values.iImage = -1;
-      values.iIndent = row == 5 ? 2 : 0;
       SendRecord(LVM_INSERTITEMW, 0, &values);
     }
     ShowWindow(control, SW_SHOW);
     UpdateWindow(control);
     PumpMessages();
-    Heard();
-  }
-
-  void SelectRow(int row) {
-    LVITEMW values = {};
-    values.state = values.stateMask = LVIS_SELECTED;
-    SendRecord(LVM_SETITEMSTATE, static_cast<WPARAM>(row), &values);
     Heard();
   }
 
@@ -74,156 +49,70 @@ class ListContract : public ContractTest {
     return selected;
   }
 
-  RECT Part(int row, int part) {
+  POINT Label(int row) {
     RECT rect = {};
-    rect.left = part;
+    rect.left = LVIR_LABEL;
     SendRecord(LVM_GETITEMRECT, static_cast<WPARAM>(row), &rect);
-    return rect;
+    return {rect.left + 5, (rect.top + rect.bottom) / 2};
+  }
+
+  void DragRow(int row, int dx, WPARAM keys = 0) { Drag(Label(row).x, Label(row).y, dx, 0, keys); }
+  void PressRow(int row, WPARAM keys = 0) { DragRow(row, 0, keys); }
+  void RightPressRow(int row) { RightPress(Label(row).x, Label(row).y); }
+  void KeyWith(int held, WPARAM key) {
+    BYTE keys[256] = {};
+    keys[held] = 0x80;
+    SetKeyboardState(keys);
+    Key(key);
+    keys[held] = 0;
+    SetKeyboardState(keys);
   }
 };
 
-TEST_F(ListContract, PartsOfARowAnswerWithTheirFlags) {
-  MakeList(LVS_EX_CHECKBOXES);
-  // How high a row is and where its label begins depends on the size of the boxes.
-  const RECT first = Part(0, LVIR_BOUNDS);
-  const RECT label = Part(1, LVIR_LABEL);
-  const RECT deep = Part(5, LVIR_LABEL);
-  const int y = (label.top + label.bottom) / 2;
-  const int deepY = (deep.top + deep.bottom) / 2;
-  const int deepBox = 2 + deep.left - label.left;
+TEST_F(ListContract, MouseAndKeysAreToldRowByRow) {
   const struct {
-    int x, y, row;
-    UINT flags;
-  } cases[] = {
-      {0, y, 1, LVHT_ONITEM},
-      {2, y, 1, LVHT_ONITEMSTATEICON},
-      {label.left - 1, y, 1, LVHT_ONITEMSTATEICON},
-      {label.left, y, 1, LVHT_ONITEMLABEL},
-      {99, y, 1, LVHT_ONITEMLABEL},
-      {100, y, 1, LVHT_ONITEM},
-      {160, y, -1, LVHT_NOWHERE},
-      {deepBox - 1, deepY, 5, LVHT_ONITEM},
-      {deepBox, deepY, 5, LVHT_ONITEMSTATEICON},
-      {deep.left, deepY, 5, LVHT_ONITEMLABEL},
-      {20, first.top - 1, -1, LVHT_ABOVE},
-      {20, deep.bottom + 3, -1, LVHT_NOWHERE},
-      {20, 397, -1, LVHT_BELOW},
-      {-1, y, -1, LVHT_TOLEFT},
-      {297, y, -1, LVHT_TORIGHT},
-  };
-  for (const auto& point : cases) {
-    LVHITTESTINFO hit = {};
-    hit.pt = {point.x, point.y};
-    EXPECT_EQ(SendRecord(LVM_HITTEST, 0, &hit), point.row) << point.x << "," << point.y;
-    EXPECT_EQ(hit.flags, point.flags) << point.x << "," << point.y;
-  }
-}
-
-TEST_F(ListContract, ScrollingGoesByWholeRows) {
-  MakeList(0, 60);
-  const struct {
-    int y, top;
-  } cases[] = {{14, 1}, {7, 2}, {20, 3}, {-100000, 0}, {100000, 33}, {-28, 31}};
-  for (const auto& step : cases) {
-    Send(LVM_SCROLL, 0, step.y);
-    EXPECT_EQ(Send(LVM_GETTOPINDEX), step.top) << step.y;
-    EXPECT_EQ(Part(step.top, LVIR_BOUNDS).top, HEADER);
-  }
-}
-
-TEST_F(ListContract, PressesSelectAsTheKeysHeldSay) {
-  const struct {
-    int row;
-    WPARAM keys;
+    const char* what;
+    std::function<void()> act;
     const char* heard;
     const char* selected;
-  } cases[] = {
-      {1, 0, "changed 1", "1"},
-      {3, MK_SHIFT, "changed 2,changed 3,changed 1,changed 3", "123"},
-      {5, MK_CONTROL, "changed 3,changed 5", "1235"},
-      {5, MK_CONTROL, "changed 5,changed 5", "123"},
-      {2, 0, "changed 5,changed 2,changed 1,changed 3", "2"},
-      {2, 0, "", "2"},
-      {0, MK_SHIFT, "changed 0,changed 1,changed 2,changed 0", "012"},
-      {20, MK_CONTROL, "", "012"},
-      {20, 0, "changed 0,changed 1,changed 2", ""},
+  } steps[] = {
+      {"press", [this] { PressRow(1); }, "changed 1", "1"},
+      {"Shift press", [this] { PressRow(3, MK_SHIFT); }, "changed 2,changed 3,changed 1,changed 3",
+       "123"},
+      {"Ctrl press", [this] { PressRow(5, MK_CONTROL); }, "changed 3,changed 5", "1235"},
+      {"Ctrl press again", [this] { PressRow(5, MK_CONTROL); }, "changed 5,changed 5", "123"},
+      {"press in a selection", [this] { PressRow(2); }, "changed 5,changed 2,changed 1,changed 3",
+       "2"},
+      {"the same press", [this] { PressRow(2); }, "", "2"},
+      {"Shift press upwards", [this] { PressRow(0, MK_SHIFT); },
+       "changed 0,changed 1,changed 2,changed 0", "012"},
+      {"Ctrl press beside", [this] { Press(20, 350, MK_CONTROL); }, "", "012"},
+      {"drag of a selection", [this] { DragRow(2, 40); }, "changed 0,changed 2,drag 2", "012"},
+      {"drag of another row", [this] { DragRow(4, 40); },
+       "changed 0,changed 1,changed 2,changed 2,changed 4,drag 4", "4"},
+      {"three pixels", [this] { DragRow(4, 3); }, "", "4"},
+      {"right press", [this] { RightPressRow(3); },
+       "changed 4,changed 3,changed 4,changed 3,changed 3,menu", "3"},
+      {"right press again", [this] { RightPressRow(3); }, "menu", "3"},
+      {"right press beside", [this] { RightPress(20, 350); }, "changed 3,menu", ""},
+      {"press on a box", [this] { Press(ON_BOX, Label(1).y); }, "changed 1", ""},
+      {"Down", [this] { Key(VK_DOWN); }, "changed 3,changed 4", "4"},
+      {"Space", [this] { Key(VK_SPACE); }, "changed 4", "4"},
+      {"Shift and Up", [this] { KeyWith(VK_SHIFT, VK_UP); }, "changed 3,changed 4,changed 3", "34"},
+      {"Ctrl and Up", [this] { KeyWith(VK_CONTROL, VK_UP); }, "changed 3,changed 2", "34"},
+      {"Ctrl and Space", [this] { KeyWith(VK_CONTROL, VK_SPACE); }, "changed 2,changed 2", "234"},
+      {"End", [this] { Key(VK_END); }, "changed 2,changed 3,changed 4,changed 2,changed 5", "5"},
+      {"Home", [this] { Key(VK_HOME); }, "changed 5,changed 5,changed 0", "0"},
+      {"Page down", [this] { Key(VK_NEXT); }, "changed 0,changed 0,changed 5", "5"},
+      {"Page up", [this] { Key(VK_PRIOR); }, "changed 5,changed 5,changed 0", "0"},
   };
-  for (const auto& press : cases) {
-    Press(ON_LABEL, Middle(press.row), press.keys);
-    EXPECT_EQ(Heard(), press.heard) << press.row << " " << press.keys;
-    EXPECT_EQ(Selected(), press.selected) << press.row << " " << press.keys;
+  for (const auto& step : steps) {
+    step.act();
+    EXPECT_EQ(Heard(), step.heard) << step.what;
+    EXPECT_EQ(Selected(), step.selected) << step.what;
   }
-}
-
-TEST_F(ListContract, ADragKeepsWhatIsSelected) {
-  SelectRow(1);
-  SelectRow(2);
-  Drag(ON_LABEL, Middle(2), 40, 40);
-  EXPECT_EQ(Heard(), "changed 2,drag 2");
-  EXPECT_EQ(Selected(), "12");
-  Drag(ON_LABEL, Middle(4), 40, 0);
-  EXPECT_EQ(Heard(), "changed 1,changed 2,changed 2,changed 4,drag 4");
-  Drag(ON_LABEL, Middle(4), 3, 3);
-  EXPECT_EQ(Heard(), "");
-}
-
-TEST_F(ListContract, KeysMoveSelectionAndFocus) {
-  const struct {
-    WPARAM key;
-    bool shift, control;
-    const char* selected;
-  } cases[] = {
-      {VK_DOWN, false, false, "0"},   {VK_DOWN, false, false, "1"},  {VK_DOWN, true, false, "12"},
-      {VK_DOWN, true, false, "123"},  {VK_UP, true, false, "12"},    {VK_DOWN, false, true, "12"},
-      {VK_SPACE, false, true, "123"}, {VK_END, false, false, "5"},   {VK_HOME, false, false, "0"},
-      {VK_NEXT, false, false, "5"},   {VK_PRIOR, false, false, "0"}, {VK_UP, false, false, "0"},
-  };
-  for (const auto& step : cases) {
-    Hold(VK_SHIFT, step.shift);
-    Hold(VK_CONTROL, step.control);
-    Key(step.key);
-    EXPECT_EQ(Selected(), step.selected) << step.key;
-  }
-}
-
-TEST_F(ListContract, BoxesAreTickedByPressAndSpace) {
-  MakeList(LVS_EX_CHECKBOXES);
-  Press(ON_LABEL, Middle(1));
-  Heard();
-  for (const UINT state : {0x2000U, 0x1000U}) {
-    Press(ON_BOX, Middle(1));
-    EXPECT_EQ(State(1, LVIS_STATEIMAGEMASK), state);
-    EXPECT_EQ(Heard(), "changed 1");
-  }
-  Key(VK_SPACE);
   EXPECT_EQ(State(1, LVIS_STATEIMAGEMASK), 0x2000U);
-  EXPECT_EQ(Heard(), "changed 1");
-}
-
-TEST_F(ListContract, TheRightButtonSelectsAndAsksForTheMenu) {
-  SelectRow(2);
-  RightPress(ON_LABEL, Middle(3));
-  EXPECT_EQ(Selected(), "3");
-  SelectRow(4);
-  RightPress(ON_LABEL, Middle(4));
-  EXPECT_EQ(Selected(), "34") << "a selection is kept";
-  RightPress(ON_LABEL, Middle(20));
-  EXPECT_EQ(Selected(), "");
-  EXPECT_TRUE(Heard().ends_with("menu"));
-}
-
-TEST_F(ListContract, AClickOnATitleNamesItsColumn) {
-  const auto header = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
-  const struct {
-    int x;
-    const char* heard;
-  } cases[] = {{50, "column 0"}, {130, "column 1"}, {250, ""}};
-  for (const auto& click : cases) {
-    PostMessageW(header, WM_LBUTTONUP, 0, MAKELPARAM(click.x, 5));
-    SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(click.x, 5));
-    PumpMessages();
-    EXPECT_EQ(Heard(), click.heard);
-  }
+  EXPECT_EQ(State(4, LVIS_STATEIMAGEMASK), 0x2000U);
 }
 
 }  // namespace

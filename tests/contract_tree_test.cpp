@@ -57,7 +57,6 @@ class TreeContract : public ContractTest {
     return Send(message, wParam, reinterpret_cast<LPARAM>(item));
   }
   void Select(HTREEITEM item) { SendItem(TVM_SELECTITEM, TVGN_CARET, item); }
-  void Expand(HTREEITEM item) { SendItem(TVM_EXPAND, TVE_EXPAND, item); }
   void Collapse(HTREEITEM item) { SendItem(TVM_EXPAND, TVE_COLLAPSE, item); }
   void Delete(HTREEITEM item) { SendItem(TVM_DELETEITEM, 0, item); }
 
@@ -93,33 +92,54 @@ class TreeContract : public ContractTest {
   HTREEITEM a = nullptr, b = nullptr, c = nullptr, d = nullptr, e = nullptr, f = nullptr;
 };
 
-TEST_F(TreeContract, TheCaretMovesAlongWithItsWords) {
-  struct Case {
+TEST_F(TreeContract, WhatIsDoneIsToldAndMovesTheCaret) {
+  const struct {
     const char* what;
     HTREEITEM* caret;
     std::function<void()> act;
     const char* heard;
     char caretAfter;
-  };
-  const Case cases[] = {
-      {"to a hidden item", &a, [this] { Select(d); }, "+c,+a,caret d", 'd'},
-      {"nowhere", &a, [this] { Select(nullptr); }, "clear", '-'},
-      {"into a branch that closes", &d, [this] { Collapse(a); }, "", 'a'},
-      {"up from the only child", &d, [this] { Delete(d); }, "deleted d,caret c", 'c'},
-      {"on from the first", &b, [this] { Delete(b); }, "deleted b,caret c", 'c'},
-      {"back from the last", &f, [this] { Delete(f); }, "deleted f,caret e", 'e'},
-      {"on from the branch that holds it", &d, [this] { Delete(a); },
+    DWORD style = PLAIN;
+  } cases[] = {
+      {"selection of a hidden item", &a, [this] { Select(d); }, "+c,+a,caret d", 'd'},
+      {"selection of nothing", &a, [this] { Select(nullptr); }, "clear", '-'},
+      {"collapse over the caret", &d, [this] { Collapse(a); }, "", 'a'},
+      {"deletion of an only child", &d, [this] { Delete(d); }, "deleted d,caret c", 'c'},
+      {"deletion of a first item", &b, [this] { Delete(b); }, "deleted b,caret c", 'c'},
+      {"deletion of a last item", &f, [this] { Delete(f); }, "deleted f,caret e", 'e'},
+      {"deletion above the caret", &d, [this] { Delete(a); },
        "deleted b,deleted d,deleted c,deleted a,caret e", 'e'},
-      {"nowhere with the last items", &e, [this] { Delete(TVI_ROOT); },
+      {"deletion of all", &e, [this] { Delete(TVI_ROOT); },
        "deleted b,deleted d,deleted c,deleted a,deleted e,deleted f", '-'},
-      {"nowhere when the control hides", &e, [this] { ShowWindow(control, SW_HIDE); }, "", 'e'},
+      {"press", &f, [this] { Press(ON_LABEL, Middle(1)); }, "caret e", 'e'},
+      {"press on a button", &f, [this] { Press(ON_BUTTON, Middle(0)); }, "+a", 'f'},
+      {"press that closes over the caret", &d, [this] { Press(ON_BUTTON, Middle(0)); }, "-a", 'a'},
+      {"press where a button could be", &f, [this] { Press(ON_BUTTON, Middle(1)); }, "", 'f'},
+      {"press beside a label", &f, [this] { Press(BESIDE, Middle(1)); }, "", 'f'},
+      {"press below the items", &f, [this] { Press(ON_LABEL, Middle(10)); }, "", 'f'},
+      {"press on a whole row", &f, [this] { Press(BESIDE, Middle(1)); }, "caret e", 'e',
+       TVS_FULLROWSELECT},
+      {"three pixels", &f, [this] { Drag(ON_LABEL, Middle(1), 3, 3); }, "caret e", 'e'},
+      {"four pixels", &f, [this] { Drag(ON_LABEL, Middle(1), 4, 0); }, "drag e", 'f'},
+      {"drag upwards", &f, [this] { Drag(ON_LABEL, Middle(1), 0, -5); }, "drag e", 'f'},
+      {"drag beside a label", &f, [this] { Drag(BESIDE, Middle(1), 40, 40); }, "", 'f'},
+      {"drag where there is none", &f, [this] { Drag(ON_LABEL, Middle(1), 40, 40); }, "caret e",
+       'e', PLAIN | TVS_DISABLEDRAGDROP},
+      {"right press", &f, [this] { RightPress(ON_LABEL, Middle(1)); }, "menu", 'f'},
+      {"focus", &b,
+       [this] {
+         SetFocus(host);
+         SetFocus(control);
+       },
+       "", 'b'},
+      {"hiding", &e, [this] { ShowWindow(control, SW_HIDE); }, "", 'e'},
   };
-  for (const Case& move : cases) {
-    SCOPED_TRACE(move.what);
-    MakeTreeAt(move.caret);
-    move.act();
-    EXPECT_EQ(Heard(), move.heard);
-    EXPECT_EQ(Caret(), move.caretAfter);
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.what);
+    MakeTreeAt(test.caret, test.style);
+    test.act();
+    EXPECT_EQ(Heard(), test.heard);
+    EXPECT_EQ(Caret(), test.caretAfter);
   }
   EXPECT_EQ(GetFocus(), host) << "a hidden control hands on the focus";
 }
@@ -159,49 +179,9 @@ TEST_F(TreeContract, KeysMoveTheCaretAndOpenBranches) {
   EXPECT_EQ(Heard(), "");
 }
 
-TEST_F(TreeContract, TheMouseSelectsOpensAndDrags) {
-  const struct {
-    const char* what;
-    DWORD style;
-    int x, row, dx, dy;
-    const char* heard;
-  } cases[] = {
-      {"press on a label", PLAIN, ON_LABEL, 1, 0, 0, "caret e"},
-      {"press on a button", PLAIN, ON_BUTTON, 0, 0, 0, "+a"},
-      {"press where a button could be", PLAIN, ON_BUTTON, 1, 0, 0, ""},
-      {"press beside the label", PLAIN, BESIDE, 1, 0, 0, ""},
-      {"press below the items", PLAIN, ON_LABEL, 10, 0, 0, ""},
-      {"press on a whole row", TVS_FULLROWSELECT, BESIDE, 1, 0, 0, "caret e"},
-      {"three pixels", PLAIN, ON_LABEL, 1, 3, 3, "caret e"},
-      {"four pixels", PLAIN, ON_LABEL, 1, 4, 0, "drag e"},
-      {"upwards", PLAIN, ON_LABEL, 1, 0, -5, "drag e"},
-      {"from beside the label", PLAIN, BESIDE, 1, 40, 40, ""},
-      {"without dragging", PLAIN | TVS_DISABLEDRAGDROP, ON_LABEL, 1, 40, 40, "caret e"},
-  };
-  for (const auto& mouse : cases) {
-    SCOPED_TRACE(mouse.what);
-    MakeTreeAt(&f, mouse.style);
-    Drag(mouse.x, Middle(mouse.row), mouse.dx, mouse.dy);
-    EXPECT_EQ(Heard(), mouse.heard);
-  }
-  MakeTreeAt(&f);
-  RightPress(ON_LABEL, Middle(1));
-  EXPECT_EQ(Heard(), "menu");
-  EXPECT_EQ(Caret(), 'f');
-}
-
-TEST_F(TreeContract, TheButtonTakesTheCaretOutOfItsBranchSilently) {
-  MakeTreeAt(&d);
-  Press(ON_BUTTON, Middle(0));
-  EXPECT_EQ(Heard(), "-a");
-  EXPECT_EQ(Caret(), 'a');
-  Press(ON_BUTTON, Middle(0));
-  EXPECT_EQ(Heard(), "+a") << "each time, not the first time alone";
-}
-
 TEST_F(TreeContract, PartsOfARowAnswerWithTheirFlags) {
   MakeTree(PLAIN | TVS_CHECKBOXES);
-  Expand(a);
+  Select(b);
   const HIMAGELIST images = ImageList_Create(24, 24, ILC_COLOR16, 0, 1);
   SendRecord(TVM_SETIMAGELIST, TVSIL_NORMAL, images);
   SetBox(c, 0);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bit>
 #include <map>
 #include <string>
 #include <vector>
@@ -16,23 +15,6 @@
 namespace {
 
 ScriptedPlatform* platform = nullptr;
-
-// The arguments of the lists that were asked for. They are noted on the way to the platform.
-std::vector<std::vector<int>> lists;
-ImportPatch* lookup = nullptr;
-decltype(&ImageList_Create) createNext = nullptr;
-
-HIMAGELIST WINAPI NoteList(int width, int height, UINT flags, int initial, int growth) {
-  lists.push_back({width, height, static_cast<int>(flags), initial, growth});
-  return createNext(width, height, flags, initial, growth);
-}
-
-FARPROC WINAPI Lookup(HMODULE in, LPCSTR name) {
-  const FARPROC found = lookup->Original<decltype(GetProcAddress)>()(in, name);
-  if (name != std::string("ImageList_Create")) return found;
-  createNext = std::bit_cast<decltype(createNext)>(found);
-  return std::bit_cast<FARPROC>(&NoteList);
-}
 
 // How often each function that makes, fills or colours the list was called.
 using Calls = std::map<std::string, std::ptrdiff_t>;
@@ -51,14 +33,8 @@ Calls Refill(std::ptrdiff_t count, Calls with = {}) {
 
 class IconRefill : public HostTest {
  protected:
-  static void SetUpTestSuite() {
-    platform = new ScriptedPlatform;
-    lookup = new ImportPatch("GetProcAddress", &Lookup);
-  }
-  static void TearDownTestSuite() {
-    delete lookup;
-    delete platform;
-  }
+  static void SetUpTestSuite() { platform = new ScriptedPlatform; }
+  static void TearDownTestSuite() { delete platform; }
 
   void SetUp() override {
     HostTest::SetUp();
@@ -145,7 +121,8 @@ TEST_F(IconRefill, FirstUse) {
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), Refill(3, COLOR));
   EXPECT_EQ(ListOf(control), shared);
-  EXPECT_EQ(lists, std::vector<std::vector<int>>(6, {16, 16, ILC_COLOR16, 0, 100}));
+  EXPECT_EQ(platform->createdLists,
+            std::vector<std::vector<int>>(6, {16, 16, ILC_COLOR16, 0, 100}));
 }
 
 TEST_F(IconRefill, OncePerViewAndChange) {

@@ -242,7 +242,7 @@ HRESULT WINAPI BindToParent(LPCITEMIDLIST ids, REFIID riid, void** folder, LPCIT
   return S_OK;
 }
 
-HMENU WINAPI CreateMenu() {
+HMENU WINAPI CreatePopup() {
   shell->Log("CreatePopupMenu");
   if (shell->Fails("CreatePopupMenu")) return nullptr;
   ++shell->menus;
@@ -290,7 +290,7 @@ FakeShell::FakeShell() {
   replace("SHGetMalloc", &GetMalloc);
   replace("SHGetDesktopFolder", &GetDesktop);
   replace("SHBindToParent", &BindToParent);
-  replace("CreatePopupMenu", &CreateMenu);
+  replace("CreatePopupMenu", &CreatePopup);
   replace("DestroyMenu", &DestroyTheMenu);
   replace("TrackPopupMenu", &Track);
   replace(ALLOCATION, &Allocation);

@@ -45,6 +45,9 @@ template <Name NAME, typename Result, typename... Arguments>
 struct Relay<NAME, Result(Arguments...)> {
   static Result Call(Arguments... arguments) {
     EXPECT_EQ(platform->active.size(), 1u);
+    if constexpr (std::is_same_v<Result(Arguments...), decltype(ImageList_Create)>) {
+      platform->createdLists.push_back({static_cast<int>(arguments)...});
+    }
     if (!Fails(NAME.text)) {
       return std::bit_cast<Result (*)(Arguments...)>(found.at(NAME.text))(arguments...);
     }

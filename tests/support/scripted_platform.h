@@ -47,6 +47,9 @@ class ScriptedPlatform {
   std::map<std::string, DWORD> failures;
   std::map<std::string, int> results;
 
+  // The numbers that each call for a new list was given.
+  std::vector<std::vector<int>> createdLists;
+
   // The last error at the beginning of each activation and of each DestroyIcon: what the library's
   // call before it left behind.
   std::vector<DWORD> errorsAtActivation;
