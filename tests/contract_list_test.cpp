@@ -56,7 +56,7 @@ class ListContract : public ContractTest {
     return {rect.left + 5, (rect.top + rect.bottom) / 2};
   }
 
-  void DragRow(int row, int dx, WPARAM keys = 0) { Drag(Label(row).x, Label(row).y, dx, 0, keys); }
+  void DragRow(int row, int by, WPARAM keys = 0) { Drag(Label(row).x, Label(row).y, by, by, keys); }
   void PressRow(int row, WPARAM keys = 0) { DragRow(row, 0, keys); }
   void RightPressRow(int row) { RightPress(Label(row).x, Label(row).y); }
   void KeyWith(int held, WPARAM key) {
