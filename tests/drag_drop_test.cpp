@@ -22,21 +22,19 @@ DWORD WINAPI MessagePosition() { return messagePosition; }
 
 // The global memory that the library takes: counted, filled with rubbish, or refused.
 struct FakeMemory {
-  static inline UINT flags = 0;
   static inline SIZE_T size = 0;
   static inline int held = 0;
+  static inline int locks = 0;
   static inline bool failAlloc = false;
   static inline bool failLock = false;
-  static inline int locks = 0;
 
-  static HGLOBAL WINAPI Alloc(UINT wantedFlags, SIZE_T wanted) {
-    flags = wantedFlags;
-    size = wanted;
+  static HGLOBAL WINAPI Alloc(UINT flags, SIZE_T wanted) {
+    EXPECT_EQ(flags, 0u);
     if (failAlloc) return nullptr;
-    HGLOBAL block = GlobalAlloc(wantedFlags, wanted);
-    std::memset(GlobalLock(block), 0xCD, wanted);
-    GlobalUnlock(block);
+    size = wanted;
     ++held;
+    const HGLOBAL block = GlobalAlloc(flags, wanted);
+    std::memset(block, 0xCD, wanted);  // a fixed block is its own address
     return block;
   }
   static HGLOBAL WINAPI Free(HGLOBAL block) {
@@ -51,13 +49,6 @@ struct FakeMemory {
   static BOOL WINAPI Unlock(HGLOBAL block) {
     --locks;
     return GlobalUnlock(block);
-  }
-
-  FakeMemory() {
-    held = 0;
-    locks = 0;
-    failAlloc = false;
-    failLock = false;
   }
 
   ImportPatch alloc{"GlobalAlloc", &Alloc};
@@ -78,11 +69,8 @@ Bytes TakeBlock(IDataObject* data) {
   EXPECT_EQ(data->GetData(&format, &medium), S_OK);
   EXPECT_EQ(medium.tymed, static_cast<DWORD>(TYMED_HGLOBAL));
   EXPECT_EQ(medium.pUnkForRelease, nullptr);
-  EXPECT_EQ(FakeMemory::flags, 0u);
-  EXPECT_EQ(FakeMemory::locks, 0);
-  const auto* bytes = static_cast<const BYTE*>(GlobalLock(medium.hGlobal));
+  const auto* bytes = static_cast<const BYTE*>(medium.hGlobal);
   Bytes block(bytes, bytes + FakeMemory::size);
-  GlobalUnlock(medium.hGlobal);
   FakeMemory::Free(medium.hGlobal);
   return block;
 }
@@ -97,10 +85,11 @@ class DragDropTest : public EachSelectionView {
       check(data, source);
       return DRAGDROP_S_DROP;
     };
+    drag.runs = 0;
     BeginDrag(a);
     ASSERT_EQ(drag.runs, 1);
     EXPECT_EQ(FakeMemory::held, 0);
-    drag.runs = 0;
+    EXPECT_EQ(FakeMemory::locks, 0);
   }
 
   FakeDrag drag;
@@ -108,7 +97,7 @@ class DragDropTest : public EachSelectionView {
   ImportPatch position{"GetMessagePos", &MessagePosition};
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, ::testing::ValuesIn(SELECTION_VIEWS), ParamName);
+INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, SELECTION_VIEWS, ViewName);
 
 TEST_P(DragDropTest, TheBlockIsWrittenByteForByte) {
   messagePosition = (70u << 16) | 300u;
@@ -129,19 +118,17 @@ TEST_P(DragDropTest, TheBlockIsWrittenByteForByte) {
 TEST_P(DragDropTest, EveryNameStandsInTheBlockWithItsNull) {
   const Text longName(32000, WCHAR('n'));
   const Text surrogates = {WCHAR(0xD83D), WCHAR(0xDCC4), WCHAR('x')};
-  const Text cut = {WCHAR('a'), WCHAR(0), WCHAR('b')};
   const Text null(1, WCHAR());
   const Text one = TEXT("a");
   const struct {
     FileNameList names;
     Text expected;
   } cases[] = {
-      {{one}, one + null + null},
       {{Text()}, null + null},
       {{one, Text(), one}, one + null + null + one + null + null},
       {{TEXT("C:\\")}, TEXT("C:\\") + null + null},
       {{surrogates, longName}, surrogates + null + longName + null + null},
-      {{cut}, one + null + null},
+      {{one + null + TEXT("b")}, one + null + null},
   };
   for (const auto& test : cases) {
     Drag(test.names, [&](IDataObject* data, IDropSource*) {
@@ -154,26 +141,22 @@ TEST_P(DragDropTest, EveryNameStandsInTheBlockWithItsNull) {
 
 TEST_P(DragDropTest, BothBasesAnswerForTheOneObject) {
   Drag({TEXT("a")}, [](IDataObject* data, IDropSource* source) {
+    IID almost = IID_IDataObject;
+    ++almost.Data4[7];
     const struct {
       const IID& riid;
       void* given;
-    } cases[] = {{IID_IUnknown, source}, {IID_IDropSource, source}, {IID_IDataObject, data}};
-    for (const auto& test : cases) {
-      void* fromSource = nullptr;
-      void* fromData = nullptr;
-      EXPECT_EQ(source->QueryInterface(test.riid, &fromSource), S_OK);
-      EXPECT_EQ(data->QueryInterface(test.riid, &fromData), S_OK);
-      EXPECT_EQ(fromSource, test.given);
-      EXPECT_EQ(fromData, test.given);
-    }
-    IID almost = IID_IDataObject;
-    almost.Data4[7] = static_cast<BYTE>(almost.Data4[7] + 1);
-    for (const IID& other : {almost, IID_IDropTarget}) {
-      void* given = source;
-      EXPECT_EQ(data->QueryInterface(other, &given), E_NOINTERFACE);
-      EXPECT_EQ(given, nullptr);
-    }
+    } cases[] = {{IID_IUnknown, source},
+                 {IID_IDropSource, source},
+                 {IID_IDataObject, data},
+                 {IID_IDropTarget, nullptr},
+                 {almost, nullptr}};
     for (IUnknown* base : {static_cast<IUnknown*>(source), static_cast<IUnknown*>(data)}) {
+      for (const auto& test : cases) {
+        void* given = source;
+        EXPECT_EQ(base->QueryInterface(test.riid, &given), test.given ? S_OK : E_NOINTERFACE);
+        EXPECT_EQ(given, test.given);
+      }
       EXPECT_EQ(base->AddRef(), 1u);
       EXPECT_EQ(base->Release(), 1u);
       EXPECT_EQ(base->Release(), 1u);
@@ -191,16 +174,12 @@ TEST_P(DragDropTest, ButtonsAndEscapeDecideTheDrag) {
     } cases[] = {
         {TRUE, MK_LBUTTON, DRAGDROP_S_CANCEL},
         {2, 0, DRAGDROP_S_CANCEL},
-        {FALSE, MK_RBUTTON, DRAGDROP_S_CANCEL},
         {FALSE, MK_LBUTTON | MK_RBUTTON, DRAGDROP_S_CANCEL},
-        {FALSE, MK_LBUTTON, S_OK},
         {FALSE, MK_LBUTTON | MK_CONTROL | MK_SHIFT, S_OK},
-        {FALSE, 0, DRAGDROP_S_DROP},
         {FALSE, MK_CONTROL | MK_MBUTTON, DRAGDROP_S_DROP},
     };
     for (const auto& test : cases) {
-      EXPECT_EQ(source->QueryContinueDrag(test.escape, test.keys), test.result)
-          << test.escape << " " << test.keys;
+      EXPECT_EQ(source->QueryContinueDrag(test.escape, test.keys), test.result) << test.keys;
     }
     for (const DWORD effect : {DROPEFFECT_NONE, DROPEFFECT_COPY, DROPEFFECT_MOVE}) {
       EXPECT_EQ(source->GiveFeedback(effect), DRAGDROP_S_USEDEFAULTCURSORS);
@@ -215,12 +194,10 @@ TEST_P(DragDropTest, FormatsAreAnsweredAsTheTableSays) {
       HRESULT query;
       HRESULT get;
     } cases[] = {
-        {Format(CF_HDROP, TYMED_HGLOBAL), S_OK, S_OK},
         {Format(CF_HDROP, TYMED_HGLOBAL | TYMED_FILE | TYMED_ISTREAM), S_OK, S_OK},
         {Format(CF_HDROP, TYMED_HGLOBAL, DVASPECT_ICON), DV_E_DVASPECT, S_OK},
         {Format(CF_HDROP, TYMED_HGLOBAL, DVASPECT_CONTENT | DVASPECT_ICON), DV_E_DVASPECT, S_OK},
         {Format(CF_HDROP, TYMED_ISTREAM), DV_E_TYMED, DV_E_TYMED},
-        {Format(CF_UNICODETEXT, TYMED_HGLOBAL), DV_E_FORMATETC, DV_E_FORMATETC},
         {Format(CF_UNICODETEXT, TYMED_HGLOBAL, DVASPECT_ICON), DV_E_FORMATETC, DV_E_FORMATETC},
         {Format(CF_UNICODETEXT, TYMED_FILE), DV_E_TYMED, DV_E_TYMED},
     };
@@ -250,7 +227,6 @@ TEST_P(DragDropTest, WhatIsNotOfferedIsRefused) {
     DWORD connection = 0;
     IEnumFORMATETC* formats = nullptr;
     IEnumSTATDATA* advises = nullptr;
-    format = Format(CF_HDROP, TYMED_HGLOBAL);
     EXPECT_EQ(data->GetDataHere(&format, &medium), E_UNEXPECTED);
     EXPECT_EQ(data->SetData(&format, &medium, FALSE), E_NOTIMPL);
     EXPECT_EQ(data->EnumFormatEtc(DATADIR_GET, &formats), E_NOTIMPL);
@@ -270,30 +246,10 @@ TEST_P(DragDropTest, ABlockThatCannotBeHadIsRefusedAndTheDragGoesOn) {
       EXPECT_EQ(medium.tymed, 0u);
       EXPECT_EQ(medium.hGlobal, nullptr);
       EXPECT_EQ(FakeMemory::held, 0);
-      EXPECT_EQ(FakeMemory::locks, 0);
       *failure = false;
     }
     EXPECT_EQ(TakeBlock(data).size(), 26u);
   });
 }
-
-#ifdef _WIN32
-TEST_P(DragDropTest, TheSystemReadsTheNamesBack) {
-  const FileNameList names = {TEXT("C:\\one.txt"), TEXT("D:\\two\\three"), TEXT("C:\\")};
-  Drag(names, [&](IDataObject* data, IDropSource*) {
-    FORMATETC format = Format(CF_HDROP, TYMED_HGLOBAL);
-    STGMEDIUM medium = {};
-    ASSERT_EQ(data->GetData(&format, &medium), S_OK);
-    const auto drop = static_cast<HDROP>(medium.hGlobal);
-    ASSERT_EQ(DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0), names.size());
-    for (UINT i = 0; i < names.size(); ++i) {
-      WCHAR name[MAX_PATH];
-      DragQueryFileW(drop, i, name, MAX_PATH);
-      EXPECT_EQ(name, names[i]);
-    }
-    FakeMemory::Free(medium.hGlobal);
-  });
-}
-#endif
 
 }  // namespace

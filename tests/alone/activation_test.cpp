@@ -25,18 +25,22 @@ using Lines = std::vector<std::string>;
 constexpr DWORD SOME_ERROR = 14001;
 constexpr DWORD OTHER_ERROR = 1450;
 
-constexpr DWORD NO_MANIFEST = ERROR_RESOURCE_TYPE_NOT_FOUND;
-
 Lines operator+(Lines first, const Lines& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
 }
 
-const Lines SEARCH = {"Query", "Module", "Path", "Context"};
-const Lines RESIDENT = {"Activate 0", "Find", "Deactivate"};
-const Lines WINDOWS = {"Activate 0", "RegisterClassW",  "Deactivate",  //
-                       "Activate 0", "CreateWindowExW", "Deactivate",  //
-                       "Activate 0", "CreateWindowExW", "Deactivate"};
+const Lines QUERY = {"QueryActCtxW"};
+const Lines SEARCH = {"QueryActCtxW", "GetModuleHandleExW", "GetModuleFileNameW", "CreateActCtxW"};
+
+// Whether the common controls are redirected is asked within the context.
+Lines Resident(const std::string& activate) { return {activate, "Find", "Deactivate"}; }
+
+// The class, the parent window and the control.
+Lines Windows(const std::string& activate) {
+  return {activate,     "RegisterClassW", "Deactivate",      activate,    "CreateWindowExW",
+          "Deactivate", activate,         "CreateWindowExW", "Deactivate"};
+}
 
 std::ptrdiff_t CountOf(const Lines& lines, const std::string& line) {
   return std::count(lines.begin(), lines.end(), line);
@@ -49,6 +53,20 @@ class Activation : public HostTest {
     EXPECT_EXIT(RunAndExit(rest), testing::ExitedWithCode(EXIT_SUCCESS), "");
   }
 
+  // The same with a tree whose first use of the system's icons is still to come.
+  void AloneWithATree(const std::function<void(ScriptedPlatform&)>& rest) {
+    Alone([&](ScriptedPlatform& platform) {
+      CreateQuietly(platform);
+      rest(platform);
+    });
+  }
+
+  void CreateQuietly(ScriptedPlatform& platform) {
+    ASSERT_NE(CreateView(), nullptr);
+    platform.Take();
+    platform.errorsAtActivation.clear();
+  }
+
   // Creates a view that is to fail, and gives the last error of that.
   DWORD ErrorOfCreate() {
     SetLastError(OTHER_ERROR);
@@ -58,11 +76,13 @@ class Activation : public HostTest {
     return error;
   }
 
-  // A tree whose first use of the system's icons is still to come.
-  void CreateQuietly(ScriptedPlatform& platform) {
-    ASSERT_NE(CreateView(), nullptr);
+  // The lines that a use of the system's icons leaves.
+  Lines UseIcons(ScriptedPlatform& platform) {
     platform.Take();
     platform.errorsAtActivation.clear();
+    platform.errorsAtDestroyIcon.clear();
+    EXPECT_TRUE(view->UseSystemImageList());
+    return platform.Take();
   }
 
  private:
@@ -81,111 +101,86 @@ class Activation : public HostTest {
   }
 };
 
-TEST_F(Activation, LibraryWithoutThatManifestRunsUnderTheNullContext) {
-  Alone([&](ScriptedPlatform& platform) {
-    EXPECT_NE(CreateView(), nullptr);
-    EXPECT_EQ(platform.Take(), SEARCH + RESIDENT + WINDOWS);
-    EXPECT_NE(CreateView(), nullptr);
-    EXPECT_EQ(platform.Take(), WINDOWS) << "the context is settled once";
-  });
+TEST_F(Activation, ContextIsFoundOnceAndUsedForEveryWindow) {
+  const HANDLE fake = ScriptedPlatform::FakeContext();
+  const struct {
+    const char* what;
+    std::function<void(ScriptedPlatform&)> script;
+    Lines search;
+    const char* activate;
+  } cases[] = {
+      {"no manifest", [](auto&) {}, SEARCH + Resident("Activate 0"), "Activate 0"},
+      {"redirected controls are made resident", [](auto& platform) { platform.redirects = true; },
+       SEARCH + Lines{"Activate 0", "Find", "LoadLibraryW", "Deactivate"}, "Activate 0"},
+      {"made from the manifest", [=](auto& platform) { platform.createdContext = fake; },
+       SEARCH + Resident("Activate fake"), "Activate fake"},
+      {"the platform's", [=](auto& platform) { platform.moduleContext = fake; },
+       QUERY + Resident("Activate fake"), "Activate fake"},
+  };
+  for (const auto& test : cases) {
+    Alone([&](ScriptedPlatform& platform) {
+      SCOPED_TRACE(test.what);
+      test.script(platform);
+      EXPECT_NE(CreateView(), nullptr);
+      EXPECT_EQ(platform.Take(), test.search + Windows(test.activate));
+      EXPECT_NE(CreateView(), nullptr);
+      EXPECT_EQ(platform.Take(), Windows(test.activate));
+    });
+  }
 }
 
-TEST_F(Activation, RedirectedCommonControlsAreMadeResident) {
-  Alone([&](ScriptedPlatform& platform) {
-    platform.redirects = true;
-    EXPECT_NE(CreateView(), nullptr);
-    const Lines resident = {"Activate 0", "Find", "Load", "Deactivate"};
-    EXPECT_EQ(platform.Take(), SEARCH + resident + WINDOWS);
-  });
-}
-
-TEST_F(Activation, ContextMadeFromTheManifestIsUsed) {
-  Alone([&](ScriptedPlatform& platform) {
-    platform.createdContext = ScriptedPlatform::FakeContext();
-    EXPECT_NE(CreateView(), nullptr);
-    const Lines lines = platform.Take();
-    EXPECT_EQ(CountOf(lines, "Activate fake"), 4);
-    EXPECT_EQ(CountOf(lines, "Activate 0"), 0);
-  });
-}
-
-TEST_F(Activation, ContextThatThePlatformHasForTheLibraryIsUsed) {
-  Alone([&](ScriptedPlatform& platform) {
-    platform.moduleContext = ScriptedPlatform::FakeContext();
-    EXPECT_NE(CreateView(), nullptr);
-    const Lines lines = platform.Take();
-    EXPECT_EQ(CountOf(lines, "Query"), 1);
-    EXPECT_EQ(CountOf(lines, "Module") + CountOf(lines, "Path") + CountOf(lines, "Context"), 0);
-    EXPECT_EQ(CountOf(lines, "Activate fake"), 4);
-  });
-}
-
-class ToleratedError : public Activation, public testing::WithParamInterface<DWORD> {};
-
-TEST_P(ToleratedError, MeansThatThereIsNoSuchManifest) {
-  Alone([&](ScriptedPlatform& platform) {
-    platform.failures["CreateActCtxW"] = GetParam();
-    EXPECT_NE(CreateView(), nullptr);
-    EXPECT_EQ(platform.Take(), SEARCH + RESIDENT + WINDOWS);
-  });
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, ToleratedError, testing::Values(2, 3, 1812, 1813, 1814, 1815),
-                         testing::PrintToStringParamName());
-
-// A step of the search that fails: the calls up to it, and the error that it leaves.
-struct FailingStep {
-  const char* call;
-  Lines lines;
-};
-
-class FailedSearch : public Activation, public testing::WithParamInterface<FailingStep> {};
-
-TEST_P(FailedSearch, MakesNoWindowTellsItsErrorAndIsTriedAgain) {
-  Alone([&](ScriptedPlatform& platform) {
-    platform.failures[GetParam().call] = SOME_ERROR;
-    EXPECT_EQ(ErrorOfCreate(), SOME_ERROR);
-    EXPECT_EQ(platform.Take(), GetParam().lines + GetParam().lines) << "class and window try";
-
-    platform.failures.clear();
-    EXPECT_NE(CreateView(), nullptr);
-    EXPECT_EQ(platform.Take(), SEARCH + RESIDENT + WINDOWS);
-  });
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    At, FailedSearch,
-    testing::Values(FailingStep{"QueryActCtxW", {"Query"}},
-                    FailingStep{"GetModuleHandleExW", {"Query", "Module"}},
-                    FailingStep{"GetModuleFileNameW", {"Query", "Module", "Path"}},
-                    FailingStep{"CreateActCtxW", {"Query", "Module", "Path", "Context"}}),
-    [](const auto& step) { return std::string(step.param.call); });
-
-TEST_F(Activation, ErrorsBesideTheToleratedOnesAreNotTolerated) {
-  Alone([&](ScriptedPlatform& platform) {
-    for (const DWORD error : {1u, 4u, 1811u, 1816u}) {
+TEST_F(Activation, SomeErrorsMeanThatThereIsNoSuchManifest) {
+  for (const DWORD error : {2u, 3u, 1812u, 1813u, 1814u, 1815u}) {
+    Alone([&](ScriptedPlatform& platform) {
       platform.failures["CreateActCtxW"] = error;
-      EXPECT_EQ(ErrorOfCreate(), error);
-    }
-  });
+      EXPECT_NE(CreateView(), nullptr) << error;
+      EXPECT_EQ(platform.Take(), SEARCH + Resident("Activate 0") + Windows("Activate 0"));
+    });
+  }
 }
 
-TEST_F(Activation, PathOf261CharactersIsTooLong) {
-  Alone([&](ScriptedPlatform& platform) {
-    platform.failures["CreateActCtxW"] = NO_MANIFEST;
-    for (const DWORD length : {261u, 262u}) {
-      platform.pathLength = length;
-      EXPECT_EQ(ErrorOfCreate(), 111u);
-      EXPECT_EQ(CountOf(platform.Take(), "Context"), 0);
-    }
-    platform.pathLength = 260;
-    EXPECT_NE(CreateView(), nullptr);
-  });
+TEST_F(Activation, FailedSearchMakesNoWindowTellsItsErrorAndIsTriedAgain) {
+  const struct {
+    const char* call;
+    DWORD error;
+    DWORD pathLength;
+    std::ptrdiff_t calls;
+  } cases[] = {
+      {"QueryActCtxW", SOME_ERROR, 0, 1},
+      {"GetModuleHandleExW", SOME_ERROR, 0, 2},
+      {"GetModuleFileNameW", SOME_ERROR, 0, 3},
+      {"CreateActCtxW", SOME_ERROR, 0, 4},
+      {"CreateActCtxW", 1, 0, 4},
+      {"CreateActCtxW", 4, 0, 4},
+      {"CreateActCtxW", 1811, 0, 4},
+      {"CreateActCtxW", 1816, 0, 4},
+      {nullptr, ERROR_BUFFER_OVERFLOW, 261, 3},
+      {nullptr, ERROR_BUFFER_OVERFLOW, 262, 3},
+  };
+  for (const auto& test : cases) {
+    Alone([&](ScriptedPlatform& platform) {
+      if (test.call) platform.failures[test.call] = test.error;
+      platform.pathLength = test.pathLength;
+      EXPECT_EQ(ErrorOfCreate(), test.error);
+      const Lines search(SEARCH.begin(), SEARCH.begin() + test.calls);
+      EXPECT_EQ(platform.Take(), search + search) << "class and window try";
+
+      platform.failures.clear();
+      platform.pathLength = test.pathLength ? 260 : 0;
+      EXPECT_NE(CreateView(), nullptr);
+      EXPECT_EQ(platform.Take(), SEARCH + Resident("Activate 0") + Windows("Activate 0"));
+    });
+  }
+}
+
+TEST_F(Activation, PathThatDoesNotFitFillsItsBuffer) {
+  WCHAR path[4] = {};
+  EXPECT_EQ(GetModuleFileNameW(nullptr, path, 4), 4u);
 }
 
 TEST_F(Activation, ContextThatCannotBeActivatedIsSettledAllTheSame) {
   Alone([&](ScriptedPlatform& platform) {
-    platform.failures["ActivateActCtx"] = SOME_ERROR;
+    platform.failures["Activate 0"] = SOME_ERROR;
     EXPECT_EQ(ErrorOfCreate(), SOME_ERROR);
     // One to make the common controls resident, then class and window.
     const Lines attempts = {"Activate 0", "Activate 0", "Activate 0"};
@@ -193,7 +188,7 @@ TEST_F(Activation, ContextThatCannotBeActivatedIsSettledAllTheSame) {
 
     platform.failures.clear();
     EXPECT_NE(CreateView(), nullptr);
-    EXPECT_EQ(platform.Take(), WINDOWS);
+    EXPECT_EQ(platform.Take(), Windows("Activate 0"));
   });
 }
 
@@ -208,11 +203,9 @@ TEST_F(Activation, FailedWindowKeepsItsErrorPastTheDeactivation) {
 }
 
 TEST_F(Activation, EachImageFunctionIsLookedUpOnce) {
-  Alone([&](ScriptedPlatform& platform) {
-    CreateQuietly(platform);
-    EXPECT_TRUE(view->UseSystemImageList());
-    Lines lines = platform.Take();
-    EXPECT_EQ(CountOf(lines, "Load"), 1);
+  AloneWithATree([&](ScriptedPlatform& platform) {
+    Lines lines = UseIcons(platform);
+    EXPECT_EQ(CountOf(lines, "LoadLibraryW"), 1);
     for (const char* name :
          {"ImageList_Create", "ImageList_GetIcon", "ImageList_GetIconSize",
           "ImageList_GetImageCount", "ImageList_ReplaceIcon", "ImageList_SetBkColor"}) {
@@ -223,99 +216,72 @@ TEST_F(Activation, EachImageFunctionIsLookedUpOnce) {
 
     // The second use, by a view that knows nothing of the first, empties and fills the list again.
     CreateQuietly(platform);
-    EXPECT_TRUE(view->UseSystemImageList());
-    lines = platform.Take();
-    const auto isSearch = [](const std::string& line) {
-      return line == "Load" || line.rfind("Lookup ", 0) == 0;
-    };
-    EXPECT_EQ(std::count_if(lines.begin(), lines.end(), isSearch), 0);
+    lines = UseIcons(platform);
+    EXPECT_EQ(CountOf(lines, "LoadLibraryW"), 0);
+    EXPECT_EQ(CountOf(lines, "Lookup ImageList_ReplaceIcon"), 0);
     EXPECT_GE(CountOf(lines, "ImageList_ReplaceIcon"), 1);
   });
 }
 
 TEST_F(Activation, MissingFunctionIsLookedUpUntilItIsThere) {
-  Alone([&](ScriptedPlatform& platform) {
-    CreateQuietly(platform);
-    platform.missing["ImageList_SetBkColor"] = 127;
-    EXPECT_TRUE(view->UseSystemImageList());
-    EXPECT_EQ(CountOf(platform.Take(), "Lookup ImageList_SetBkColor"), 1);
-
-    const Lines found = {"Activate 0", "Activate 0",           "Lookup ImageList_SetBkColor",
-                         "Deactivate", "ImageList_SetBkColor", "Deactivate"};
-    platform.missing.clear();
-    EXPECT_TRUE(view->SetBkColor(RGB(1, 2, 3)));
-    EXPECT_EQ(platform.Take(), found);
-
-    const Lines again = {"Activate 0", "ImageList_SetBkColor", "Deactivate"};
-    EXPECT_TRUE(view->SetBkColor(RGB(3, 2, 1)));
-    EXPECT_EQ(platform.Take(), again);
-  });
-}
-
-TEST_F(Activation, MissingFunctionLeavesTheErrorOfTheLookup) {
-  Alone([&](ScriptedPlatform& platform) {
-    CreateQuietly(platform);
-    platform.missing["ImageList_GetIconSize"] = SOME_ERROR;
-    EXPECT_TRUE(view->UseSystemImageList());
-    // The call's activation, the lookup's, and the next call's.
-    ASSERT_GE(platform.errorsAtActivation.size(), 3u);
-    EXPECT_EQ(platform.errorsAtActivation[2], SOME_ERROR);
-  });
-}
-
-TEST_F(Activation, WithoutTheCommonControlsNothingIsLookedUp) {
-  Alone([&](ScriptedPlatform& platform) {
-    CreateQuietly(platform);
-    platform.failures["LoadLibraryW"] = SOME_ERROR;
-    EXPECT_TRUE(view->UseSystemImageList());
-    const Lines lines = platform.Take();
-    EXPECT_GE(CountOf(lines, "Load"), 2) << "every call tries again";
-    EXPECT_EQ(lines.size(), static_cast<std::size_t>(5 * CountOf(lines, "Load")))
-        << "two activations, two deactivations and an attempt for each call, and nothing else";
-    ASSERT_GE(platform.errorsAtActivation.size(), 3u);
-    EXPECT_EQ(platform.errorsAtActivation[2], SOME_ERROR);
+  AloneWithATree([&](ScriptedPlatform& platform) {
+    platform.failures["Lookup ImageList_SetBkColor"] = 127;
+    EXPECT_EQ(CountOf(UseIcons(platform), "Lookup ImageList_SetBkColor"), 1);
 
     platform.failures.clear();
-    EXPECT_TRUE(view->UseSystemImageList());
-    EXPECT_EQ(CountOf(platform.Take(), "Load"), 1);
+    EXPECT_TRUE(view->SetBkColor(RGB(1, 2, 3)));
+    EXPECT_EQ(platform.Take(), (Lines{"Activate 0", "Activate 0", "Lookup ImageList_SetBkColor",
+                                      "Deactivate", "ImageList_SetBkColor", "Deactivate"}));
+    EXPECT_TRUE(view->SetBkColor(RGB(3, 2, 1)));
+    EXPECT_EQ(platform.Take(), (Lines{"Activate 0", "ImageList_SetBkColor", "Deactivate"}));
   });
+}
+
+// The call's activation, the lookup's, and the next call's.
+TEST_F(Activation, FailedLookupLeavesItsError) {
+  for (const char* failing : {"Lookup ImageList_GetIconSize", "LoadLibraryW"}) {
+    AloneWithATree([&](ScriptedPlatform& platform) {
+      platform.failures[failing] = SOME_ERROR;
+      const Lines lines = UseIcons(platform);
+      ASSERT_GE(platform.errorsAtActivation.size(), 3u);
+      EXPECT_EQ(platform.errorsAtActivation[2], SOME_ERROR);
+      const auto loads = CountOf(lines, "LoadLibraryW");
+      if (failing != std::string("LoadLibraryW")) return;
+      EXPECT_GE(loads, 2) << "every call tries again";
+      EXPECT_EQ(lines.size(), static_cast<std::size_t>(5 * loads))
+          << "two activations, two deactivations and an attempt for each call, and nothing else";
+      platform.failures.clear();
+      EXPECT_EQ(CountOf(UseIcons(platform), "LoadLibraryW"), 1);
+    });
+  }
 }
 
 TEST_F(Activation, CountOfAnEmptyListKeepsTheErrorThatItLeft) {
-  Alone([&](ScriptedPlatform& platform) {
-    CreateQuietly(platform);
-    EXPECT_TRUE(view->UseSystemImageList());
-    platform.Take();
-    platform.errorsAtActivation.clear();
+  AloneWithATree([&](ScriptedPlatform& platform) {
+    UseIcons(platform);
     platform.failures["ImageList_GetImageCount"] = SOME_ERROR;
-    EXPECT_TRUE(view->UseSystemImageList());
     const Lines lines = {"Activate 0", "ImageList_GetImageCount", "Deactivate",
                          "Activate 0", "ImageList_Remove",        "Deactivate",
                          "Activate 0", "ImageList_SetBkColor",    "Deactivate"};
-    EXPECT_EQ(platform.Take(), lines);
+    EXPECT_EQ(UseIcons(platform), lines);
     ASSERT_EQ(platform.errorsAtActivation.size(), 3u);
     EXPECT_EQ(platform.errorsAtActivation[1], SOME_ERROR);
   });
 }
 
 TEST_F(Activation, FailedImageKeepsItsErrorAndAnOrdinaryResultDoesNot) {
-  Alone([&](ScriptedPlatform& platform) {
-    CreateQuietly(platform);
-    platform.failures["ImageList_ReplaceIcon"] = SOME_ERROR;
-    platform.results["ImageList_ReplaceIcon"] = -1;
-    EXPECT_TRUE(view->UseSystemImageList());
-    const auto images = static_cast<std::size_t>(CountOf(platform.Take(), "ImageList_ReplaceIcon"));
-    EXPECT_GE(images, 1u);
-    EXPECT_EQ(platform.errorsAtDestroyIcon, std::vector<DWORD>(images, SOME_ERROR));
-
-    // 0 is the place of the first image, no failure.
-    CreateQuietly(platform);
-    platform.errorsAtDestroyIcon.clear();
-    platform.results["ImageList_ReplaceIcon"] = 0;
-    EXPECT_TRUE(view->UseSystemImageList());
-    EXPECT_EQ(platform.errorsAtDestroyIcon,
-              std::vector<DWORD>(images, ScriptedPlatform::ERROR_OF_DEACTIVATION));
-  });
+  // 0 is the place of the first image, no failure.
+  for (const int result : {-1, 0}) {
+    AloneWithATree([&](ScriptedPlatform& platform) {
+      platform.failures["ImageList_ReplaceIcon"] = SOME_ERROR;
+      platform.results["ImageList_ReplaceIcon"] = result;
+      const auto images = CountOf(UseIcons(platform), "ImageList_ReplaceIcon");
+      EXPECT_GE(images, 1);
+      const DWORD error = result == 0 ? ScriptedPlatform::ERROR_OF_DEACTIVATION : SOME_ERROR;
+      EXPECT_EQ(platform.errorsAtDestroyIcon,
+                std::vector<DWORD>(static_cast<std::size_t>(images), error));
+    });
+  }
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bit>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -16,58 +16,30 @@ namespace {
 
 ScriptedPlatform* platform = nullptr;
 
-// The arguments of the lists that were asked for. They are noted on the way to the platform.
-std::vector<std::vector<int>> lists;
-ImportPatch* lookup = nullptr;
-decltype(&ImageList_Create) createNext = nullptr;
+// How often each function that makes, fills or colours the list was called.
+using Calls = std::map<std::string, std::ptrdiff_t>;
 
-HIMAGELIST WINAPI NoteList(int width, int height, UINT flags, int initial, int growth) {
-  lists.push_back({width, height, static_cast<int>(flags), initial, growth});
-  return createNext(width, height, flags, initial, growth);
+const Calls NOTHING;
+const Calls COLOR = {{"ImageList_SetBkColor", 1}};
+
+// One complete refill from a list of that many images, and perhaps the colour.
+Calls Refill(std::ptrdiff_t count, Calls with = {}) {
+  with.insert({{"ImageList_Remove", 1},
+               {"ImageList_GetIcon", count},
+               {"ImageList_ReplaceIcon", count},
+               {"DestroyIcon", count}});
+  return with;
 }
-
-FARPROC WINAPI Lookup(HMODULE in, LPCSTR name) {
-  const FARPROC found = lookup->Original<decltype(GetProcAddress)>()(in, name);
-  if (name != std::string("ImageList_Create")) return found;
-  createNext = std::bit_cast<decltype(createNext)>(found);
-  return std::bit_cast<FARPROC>(&NoteList);
-}
-
-// How often each image function was called since the last look.
-struct Calls {
-  std::ptrdiff_t created, removed, copied, added, destroyed, colored;
-
-  bool operator==(const Calls&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Calls& calls) {
-  return out << calls.created << " lists, " << calls.removed << " emptied, " << calls.copied
-             << " icons, " << calls.added << " added, " << calls.destroyed << " destroyed, "
-             << calls.colored << " colours";
-}
-
-// One complete refill from a list of that many images.
-constexpr Calls Refill(std::ptrdiff_t count, std::ptrdiff_t colored = 0) {
-  return {0, 1, count, count, count, colored};
-}
-
-constexpr Calls NOTHING = {};
 
 class IconRefill : public HostTest {
  protected:
-  static void SetUpTestSuite() {
-    platform = new ScriptedPlatform;
-    lookup = new ImportPatch("GetProcAddress", &Lookup);
-  }
-  static void TearDownTestSuite() {
-    delete lookup;
-    delete platform;
-  }
+  static void SetUpTestSuite() { platform = new ScriptedPlatform; }
+  static void TearDownTestSuite() { delete platform; }
 
   void SetUp() override {
     HostTest::SetUp();
     other = GetIQVLTreeView();
-    other->Create(host, 7, 0, 0, 50, 50, 0, nullptr);
+    otherControl = other->Create(host, 7, 0, 0, 50, 50, 0, nullptr);
     control = CreateView();
     ASSERT_NE(control, nullptr);
     Take();
@@ -80,19 +52,19 @@ class IconRefill : public HostTest {
     HostTest::TearDown();
   }
 
+  // The calls since the last look.
   static Calls Take() {
-    const std::vector<std::string> lines = platform->Take();
-    const auto count = [&](const char* name) {
-      return std::count(lines.begin(), lines.end(), std::string(name));
-    };
+    Calls calls;
+    for (const std::string& line : platform->Take()) {
+      if (line != "ImageList_GetImageCount" && line != "ImageList_GetIconSize" &&
+          line.starts_with("ImageList_")) {
+        ++calls[line];
+      }
+    }
     const auto destroyed = static_cast<std::ptrdiff_t>(platform->errorsAtDestroyIcon.size());
+    if (destroyed > 0) calls["DestroyIcon"] = destroyed;
     platform->errorsAtDestroyIcon.clear();
-    return {count("ImageList_Create"),
-            count("ImageList_Remove"),
-            count("ImageList_GetIcon"),
-            count("ImageList_ReplaceIcon"),
-            destroyed,
-            count("ImageList_SetBkColor")};
+    return calls;
   }
 
   static ItemHandle InsertFile(IQVLTreeView* into, const WCHAR* file = TEXT("a"),
@@ -107,65 +79,72 @@ class IconRefill : public HostTest {
     return in->UpdateItem(&record, item);
   }
 
-  HIMAGELIST ListOf(HWND tree) const {
+  static HIMAGELIST ListOf(HWND tree) {
     return reinterpret_cast<HIMAGELIST>(SendMessageW(tree, TVM_GETIMAGELIST, TVSIL_NORMAL, 0));
   }
 
   IQVLTreeView* other = nullptr;
+  HWND otherControl = nullptr;
   HWND control = nullptr;
 };
 
 // Has to be the first: the list is made once in a process.
 TEST_F(IconRefill, FirstUse) {
   FakeIcons icons;
-  for (std::uint32_t seed = 1; seed <= 3; ++seed) icons.Add(seed);
+  icons.Add(3);
   view->SetBkColor(RGB(9, 9, 9));
   EXPECT_EQ(Take(), NOTHING) << "a colour alone makes no list";
 
+  const Calls attempts = {{"ImageList_Create", 2}};
   platform->failures["ImageList_Create"] = ERROR_NOT_ENOUGH_MEMORY;
   EXPECT_TRUE(view->UseSystemImageList());
-  EXPECT_EQ(Take(), (Calls{2, 0, 0, 0, 0, 0})) << "for the images and for the colour";
+  EXPECT_EQ(Take(), attempts) << "for the images and for the colour";
   EXPECT_EQ(ListOf(control), nullptr);
   const ItemHandle item = InsertFile(view);
   EXPECT_NE(item, -1);
   EXPECT_TRUE(UpdateFile(view, item));
-  EXPECT_EQ(Take(), (Calls{2, 0, 0, 0, 0, 0})) << "each synchronisation tries again";
+  EXPECT_EQ(Take(), attempts) << "each synchronisation tries again";
 
   // Only the first of the two attempts fails.
+  icons.asked.clear();
   icons.onQuestion = [&] {
-    if (icons.questions.size() > 1) platform->failures.clear();
+    if (icons.asked.size() > 1) platform->failures.clear();
   };
-  icons.questions.clear();
   EXPECT_TRUE(other->UseSystemImageList());
-  EXPECT_EQ(Take(), (Calls{2, 0, 0, 0, 0, 1}));
-  const HIMAGELIST shared = ListOf(other->GetControlWindow());
+  EXPECT_EQ(Take(), (Calls{{"ImageList_Create", 2}, {"ImageList_SetBkColor", 1}}));
+  const HIMAGELIST shared = ListOf(otherControl);
   ASSERT_NE(shared, nullptr);
   EXPECT_EQ(ImageList_GetImageCount(shared), 0);
   InsertFile(other);
   EXPECT_EQ(Take(), Refill(3));
   EXPECT_TRUE(SameImages(icons.list, shared));
   EXPECT_TRUE(view->UseSystemImageList());
-  EXPECT_EQ(Take(), Refill(3, 1));
+  EXPECT_EQ(Take(), Refill(3, COLOR));
   EXPECT_EQ(ListOf(control), shared);
-  EXPECT_EQ(lists, std::vector<std::vector<int>>(6, {16, 16, ILC_COLOR16, 0, 100}));
+  EXPECT_EQ(platform->createdLists,
+            std::vector<std::vector<int>>(6, {16, 16, ILC_COLOR16, 0, 100}));
 }
 
 TEST_F(IconRefill, OncePerViewAndChange) {
   FakeIcons icons;
-  for (std::uint32_t seed = 1; seed <= 5; ++seed) icons.Add(seed);
+  icons.Add(5);
   EXPECT_TRUE(view->UseSystemImageList());
-  EXPECT_EQ(Take(), Refill(5, 1));
+  EXPECT_EQ(Take(), Refill(5, COLOR));
+  const HIMAGELIST shared = ListOf(control);
+  EXPECT_NE(shared, icons.list);
   EXPECT_TRUE(view->UseSystemImageList());
-  EXPECT_EQ(Take(), (Calls{0, 0, 0, 0, 0, 1})) << "nothing has changed";
+  EXPECT_EQ(Take(), COLOR) << "nothing has changed";
   EXPECT_TRUE(other->UseSystemImageList());
-  EXPECT_EQ(Take(), Refill(5, 1)) << "a view's first use";
+  EXPECT_EQ(Take(), Refill(5, COLOR)) << "a view's first use";
+  EXPECT_EQ(ListOf(otherControl), shared);
   const ItemHandle item = InsertFile(view);
   const ItemHandle otherItem = InsertFile(other);
   EXPECT_EQ(Take(), NOTHING);
 
-  icons.Add(6);
+  icons.Add();
   InsertFile(view);
   EXPECT_EQ(Take(), Refill(6));
+  EXPECT_TRUE(SameImages(icons.list, shared));
   InsertFile(view);
   UpdateFile(view, item);
   EXPECT_EQ(Take(), NOTHING);
@@ -177,64 +156,66 @@ TEST_F(IconRefill, OncePerViewAndChange) {
   ImageList_Remove(icons.list, 0);
   UpdateFile(view, item);
   EXPECT_EQ(Take(), Refill(5));
-  view->SetBkColor(1);
-  EXPECT_EQ(Take(), (Calls{0, 0, 0, 0, 0, 1})) << "a colour copies no image again";
+  EXPECT_TRUE(SameImages(icons.list, shared)) << "also a list that has become shorter";
   icons.refuses = true;
-  icons.Add(7);
+  icons.Add();
   InsertFile(view);
-  EXPECT_EQ(Take(), NOTHING);
-}
+  EXPECT_EQ(Take(), NOTHING) << "there was nothing to follow";
 
-TEST_F(IconRefill, NewViewStartsFromNothing) {
-  FakeIcons icons;
-  icons.Add(1);
-  icons.Add(2);
-  EXPECT_TRUE(view->UseSystemImageList());
   ReleaseIQVLTreeView(other);
   other = nullptr;
   view->Destroy();
-  Take();
+  icons.refuses = false;
   control = CreateView();
+  Take();
   EXPECT_TRUE(view->UseSystemImageList());
-  EXPECT_EQ(Take(), Refill(2, 1));
+  EXPECT_EQ(Take(), Refill(6, COLOR)) << "a new view starts from nothing";
+  EXPECT_EQ(ListOf(control), shared) << "the list outlives the views";
 }
 
-TEST_F(IconRefill, FirstFillRunsUnderTheEarlierColour) {
+TEST_F(IconRefill, ListHasTheColourSetLast) {
   FakeIcons icons;
-  icons.Add(1);
-  view->SetBkColor(RGB(1, 2, 3));
-  platform->Take();
+  icons.Add();
   EXPECT_TRUE(view->UseSystemImageList());
+  const HIMAGELIST shared = ListOf(control);
+  EXPECT_EQ(ImageList_GetBkColor(shared), 0u) << "a view without a colour brings 0";
+  Take();
+  view->SetBkColor(RGB(1, 2, 3));
+  EXPECT_EQ(Take(), COLOR) << "a colour copies no image again";
+  EXPECT_EQ(ImageList_GetBkColor(shared), RGB(1, 2, 3));
+  other->SetBkColor(RGB(4, 5, 6));
+  EXPECT_EQ(ImageList_GetBkColor(shared), RGB(1, 2, 3)) << "the other view has no system icons";
+
+  platform->Take();
+  other->UseSystemImageList();
+  EXPECT_EQ(ImageList_GetBkColor(shared), RGB(4, 5, 6));
   const std::vector<std::string> lines = platform->Take();
   const auto added = std::find(lines.begin(), lines.end(), "ImageList_ReplaceIcon");
   const auto colored = std::find(lines.begin(), lines.end(), "ImageList_SetBkColor");
-  EXPECT_LT(added - lines.begin(), colored - lines.begin());
-  EXPECT_NE(colored, lines.end());
+  EXPECT_LT(added - lines.begin(), colored - lines.begin()) << "the earlier colour is copied under";
 }
 
 // What fails while icons are copied is lost until the shell's list changes again.
 TEST_F(IconRefill, FailingCopiesStopNothing) {
   FakeIcons icons;
-  for (std::uint32_t seed = 1; seed <= 3; ++seed) icons.Add(seed);
+  icons.Add(3);
   EXPECT_TRUE(view->UseSystemImageList());
   const HIMAGELIST shared = ListOf(control);
   for (const char* failing : {"ImageList_GetIcon", "ImageList_ReplaceIcon"}) {
+    SCOPED_TRACE(failing);
     Take();
     platform->failures[failing] = ERROR_NOT_ENOUGH_MEMORY;
     platform->results["ImageList_ReplaceIcon"] = -1;
-    icons.Add(4);
-    const int count = ImageList_GetImageCount(icons.list);
-    EXPECT_NE(InsertFile(view), -1) << failing;
-    const Calls calls = Take();
-    EXPECT_EQ(calls.copied, count) << failing;
-    EXPECT_EQ(calls.added, count) << failing;
-    EXPECT_EQ(ImageList_GetImageCount(shared), 0) << failing;
+    icons.Add();
+    EXPECT_NE(InsertFile(view), -1);
+    EXPECT_EQ(Take(), Refill(ImageList_GetImageCount(icons.list)));
+    EXPECT_EQ(ImageList_GetImageCount(shared), 0);
     platform->failures.clear();
     InsertFile(view);
-    EXPECT_EQ(Take(), NOTHING) << failing << ": the counts are equal";
-    icons.Add(5);
+    EXPECT_EQ(Take(), NOTHING) << "the counts are equal";
+    icons.Add();
     InsertFile(view);
-    EXPECT_TRUE(SameImages(icons.list, shared)) << failing;
+    EXPECT_TRUE(SameImages(icons.list, shared));
   }
 }
 
@@ -246,43 +227,30 @@ TEST_F(IconRefill, ImagesOfCheckBoxesGoWithTheView) {
     if (ownImages) {
       EXPECT_TRUE(view->SetStateImageList(own));
     }
-    platform->Take();
+    Take();
     view->Destroy();
     view->Destroy();
-    std::vector<std::string> lines = platform->Take();
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "ImageList_Destroy"), 1);
+    EXPECT_EQ(Take(), (Calls{{"ImageList_Destroy", 1}}));
     EXPECT_TRUE(ImageList_Destroy(own)) << "that one is the host's";
     ASSERT_NE(CreateView(), nullptr);
     view->Destroy();
-    lines = platform->Take();
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "ImageList_Destroy"), 0);
+    EXPECT_EQ(Take(), NOTHING);
   }
 }
 
-// The real list of the shell, which grows as new types are asked for.
-class IconRefillOfTheShell : public IconRefill {
- protected:
-  // The shell's list, without asking for a type.
-  static HIMAGELIST SystemList() {
-    SHFILEINFOW info = {};
-    return reinterpret_cast<HIMAGELIST>(
-        SHGetFileInfoW(TEXT("*.exe"), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
-                       SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES));
-  }
-};
-
-TEST_F(IconRefillOfTheShell, FollowsEachNewType) {
-  constexpr int ITEMS = 10000;
+// The real list of the shell grows as new types are asked for.
+TEST_F(IconRefill, FollowsEachNewTypeOfTheShell) {
+  constexpr std::size_t ITEMS = 10000;
   // Some of these bring an icon of their own, most share one.
-  const std::vector<std::basic_string<WCHAR>> types = [] {
-    std::vector<std::basic_string<WCHAR>> made = {TEXT(".txt"), TEXT(".chm"), TEXT(".msi"),
-                                                  TEXT(".htm")};
-    for (WCHAR last = TEXT('a'); made.size() < 40; ++last) {
-      made.push_back(std::basic_string<WCHAR>(TEXT(".z")) + last);
-    }
-    return made;
-  }();
-  const HIMAGELIST system = SystemList();
+  std::vector<std::basic_string<WCHAR>> types = {TEXT(".txt"), TEXT(".chm"), TEXT(".msi"),
+                                                 TEXT(".htm")};
+  for (WCHAR last = TEXT('a'); types.size() < 40; ++last) {
+    types.push_back(std::basic_string<WCHAR>(TEXT(".z")) + last);
+  }
+  SHFILEINFOW info = {};
+  const auto system = reinterpret_cast<HIMAGELIST>(
+      SHGetFileInfoW(TEXT("*.exe"), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
+                     SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES));
   EXPECT_TRUE(view->UseSystemImageList());
   const HIMAGELIST shared = ListOf(control);
   EXPECT_TRUE(SameImages(system, shared));
@@ -290,41 +258,17 @@ TEST_F(IconRefillOfTheShell, FollowsEachNewType) {
   Take();
   int count = ImageList_GetImageCount(system);
   int changes = 0;
-  Calls expected = NOTHING;
-  for (int i = 0; i < ITEMS; ++i) {
-    const auto& type = types[static_cast<std::size_t>(i) % types.size()];
-    const std::basic_string<WCHAR> file = TEXT("C:\\folder\\file") + type;
+  for (std::size_t i = 0; i < ITEMS; ++i) {
+    const std::basic_string<WCHAR> file = TEXT("C:\\folder\\file") + types[i % types.size()];
     ASSERT_NE(InsertFile(view, file.c_str(), folder), -1);
     const int now = ImageList_GetImageCount(system);
+    ASSERT_EQ(Take(), now == count ? NOTHING : Refill(now)) << i;
     if (now == count) continue;
     count = now;
     ++changes;
-    ++expected.removed;
-    for (auto* part : {&expected.copied, &expected.added, &expected.destroyed}) *part += now;
     EXPECT_TRUE(SameImages(system, shared)) << i;
   }
   EXPECT_GT(changes, 0);
-  EXPECT_EQ(Take(), expected);
-  EXPECT_TRUE(SameImages(system, shared));
-}
-
-TEST_F(IconRefillOfTheShell, EachViewCatchesUpByItself) {
-  EXPECT_TRUE(view->UseSystemImageList());
-  EXPECT_TRUE(other->UseSystemImageList());
-  const HIMAGELIST system = SystemList();
-  const HIMAGELIST shared = ListOf(control);
-  // An image that the shell did not ask for is as good as one that it did.
-  const HICON icon = ImageList_GetIcon(system, 0, ILD_NORMAL);
-  ImageList_ReplaceIcon(system, -1, icon);
-  DestroyIcon(icon);
-  const int count = ImageList_GetImageCount(system);
-  Take();
-  InsertFile(view, TEXT("a.txt"));
-  EXPECT_EQ(Take(), Refill(count));
-  EXPECT_TRUE(SameImages(system, shared));
-  InsertFile(other, TEXT("a.txt"));
-  EXPECT_EQ(Take(), Refill(count));
-  EXPECT_TRUE(SameImages(system, shared));
 }
 
 }  // namespace

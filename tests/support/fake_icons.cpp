@@ -1,6 +1,8 @@
 #include "support/fake_icons.h"
 
-#include <cstddef>
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -8,11 +10,12 @@ namespace {
 FakeIcons* current = nullptr;
 
 constexpr int SIDE = 16;
-constexpr std::size_t PIXELS = SIDE * SIDE;
+
+using Pixels = std::vector<std::uint32_t>;
 
 HICON MakeIcon(std::uint32_t color) {
-  const std::vector<std::uint32_t> pixels(PIXELS, 0xFF000000 | color);
-  const std::vector<BYTE> shown(PIXELS / 8, 0);
+  const Pixels pixels(SIDE * SIDE, 0xFF000000 | color);
+  const std::vector<BYTE> shown(SIDE * SIDE / 8, 0);
   ICONINFO parts = {};
   parts.fIcon = TRUE;
   parts.hbmColor = CreateBitmap(SIDE, SIDE, 1, 32, pixels.data());
@@ -23,32 +26,28 @@ HICON MakeIcon(std::uint32_t color) {
   return icon;
 }
 
-// The pixels of one image, and which of them are opaque.
-struct Pixels {
-  std::vector<std::uint32_t> colors = std::vector<std::uint32_t>(PIXELS);
-  std::vector<bool> opaque = std::vector<bool>(PIXELS, true);
-};
+constexpr auto BYTES = static_cast<LONG>(SIDE * SIDE * sizeof(std::uint32_t));
 
 // The mask comes with one bit for each pixel, in rows of two bytes, or with as many as a colour.
-bool IsMasked(const std::vector<std::uint32_t>& mask, LONG bytes, std::size_t pixel) {
-  if (static_cast<std::size_t>(bytes) == PIXELS * sizeof mask[0]) return mask[pixel] != 0;
-  const auto* rows = reinterpret_cast<const BYTE*>(mask.data());
-  return (rows[pixel / 8] & (0x80 >> (pixel % 8))) != 0;
+bool IsMasked(const Pixels& mask, LONG bytes, std::size_t pixel) {
+  if (bytes == BYTES) return mask[pixel] != 0;
+  return (reinterpret_cast<const BYTE*>(mask.data())[pixel / 8] & (0x80 >> (pixel % 8))) != 0;
 }
 
+// The colours of an image, with all of alpha where it is opaque and none elsewhere.
 Pixels Read(HIMAGELIST list, int index) {
-  Pixels pixels;
+  Pixels pixels(SIDE * SIDE);
   const HICON icon = ImageList_GetIcon(list, index, ILD_NORMAL);
   ICONINFO parts = {};
   if (GetIconInfo(icon, &parts)) {
-    constexpr auto SIZE = static_cast<LONG>(PIXELS * sizeof(std::uint32_t));
-    GetBitmapBits(parts.hbmColor, SIZE, pixels.colors.data());
-    std::vector<std::uint32_t> mask(PIXELS);
-    const LONG bytes = GetBitmapBits(parts.hbmMask, SIZE, mask.data());
-    bool alpha = false;
-    for (const std::uint32_t color : pixels.colors) alpha = alpha || color >> 24;
-    for (std::size_t i = 0; i < PIXELS; ++i) {
-      pixels.opaque[i] = !IsMasked(mask, bytes, i) && (!alpha || pixels.colors[i] >> 24 == 0xFF);
+    Pixels mask(SIDE * SIDE);
+    GetBitmapBits(parts.hbmColor, BYTES, pixels.data());
+    const LONG bytes = GetBitmapBits(parts.hbmMask, BYTES, mask.data());
+    const bool alpha =
+        std::any_of(pixels.begin(), pixels.end(), [](auto color) { return color >> 24; });
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+      const bool opaque = !IsMasked(mask, bytes, i) && (!alpha || pixels[i] >> 24 == 0xFF);
+      pixels[i] = (pixels[i] & 0xFFFFFF) | (opaque ? 0xFF000000 : 0);
     }
     DeleteObject(parts.hbmColor);
     DeleteObject(parts.hbmMask);
@@ -59,11 +58,24 @@ Pixels Read(HIMAGELIST list, int index) {
 
 bool SameColor(std::uint32_t first, std::uint32_t second) {
   for (const int shift : {0, 8, 16}) {
-    const auto difference = static_cast<int>(first >> shift & 0xFF) -  //
-                            static_cast<int>(second >> shift & 0xFF);
-    if (std::abs(difference) > 8) return false;
+    const auto part = [shift](std::uint32_t color) {
+      return static_cast<int>(color >> shift & 0xFF);
+    };
+    if (std::abs(part(first) - part(second)) > 8) return false;
   }
   return true;
+}
+
+bool SameImage(HIMAGELIST first, HIMAGELIST second, int index) {
+  const Pixels wanted = Read(first, index);
+  const Pixels found = Read(second, index);
+  bool compared = false;
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    if (wanted[i] >> 24 == 0) continue;
+    compared = true;
+    if (!SameColor(wanted[i], found[i])) return false;
+  }
+  return compared;
 }
 
 }  // namespace
@@ -79,31 +91,23 @@ FakeIcons::~FakeIcons() {
   ImageList_Destroy(list);
 }
 
-void FakeIcons::Add(std::uint32_t seed) {
-  const HICON icon = MakeIcon(seed * 0x305070 & 0xFFFFFF);
-  ImageList_ReplaceIcon(list, -1, icon);
-  DestroyIcon(icon);
+void FakeIcons::Add(int count) {
+  for (int i = 0; i < count; ++i) {
+    const HICON icon = MakeIcon(++made * 0x305070 & 0xFFFFFF);
+    ImageList_ReplaceIcon(list, -1, icon);
+    DestroyIcon(icon);
+  }
 }
 
 DWORD_PTR WINAPI FakeIcons::Answer(LPCWSTR name, DWORD attributes, SHFILEINFOW* info, UINT size,
                                    UINT flags) {
-  current->questions.push_back({name, attributes, size, flags});
-  if (current->onQuestion) current->onQuestion();
+  EXPECT_EQ(attributes, 128u);
+  EXPECT_EQ(size, sizeof(SHFILEINFOW));
+  EXPECT_EQ(flags, 0x4011u);
+  current->asked.push_back(name);
+  current->onQuestion();
   info->iIcon = current->index;
-  if (current->refuses) return 0;
-  return reinterpret_cast<DWORD_PTR>(current->list);
-}
-
-bool SameImage(HIMAGELIST first, HIMAGELIST second, int index) {
-  const Pixels wanted = Read(first, index);
-  const Pixels found = Read(second, index);
-  std::size_t compared = 0;
-  for (std::size_t i = 0; i < PIXELS; ++i) {
-    if (!wanted.opaque[i]) continue;
-    ++compared;
-    if (!SameColor(wanted.colors[i], found.colors[i])) return false;
-  }
-  return compared > 0;
+  return current->refuses ? 0 : reinterpret_cast<DWORD_PTR>(current->list);
 }
 
 bool SameImages(HIMAGELIST first, HIMAGELIST second) {

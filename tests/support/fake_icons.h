@@ -12,43 +12,35 @@
 
 #include "support/import_patch.h"
 
-// What the library asks the shell about an icon.
-struct IconQuestion {
-  std::basic_string<WCHAR> name;
-  DWORD attributes;
-  UINT size;
-  UINT flags;
-};
-
 // Answers SHGetFileInfoW in the shell's place, for the life of the object: with a list of small
-// icons that grows and shrinks as the test says. One at a time.
+// icons that grows and shrinks as the test says. Whether the library asks by name alone is checked
+// here. One at a time.
 class FakeIcons {
  public:
   FakeIcons();
   ~FakeIcons();
 
-  // Adds an icon of one colour at the end of the list; different seeds give different colours.
-  void Add(std::uint32_t seed);
+  // Adds icons of one colour each at the end of the list, no two alike.
+  void Add(int count = 1);
 
   HIMAGELIST list = nullptr;
   // What every question is answered with, unless it is refused.
   int index = 0;
   bool refuses = false;
 
-  std::vector<IconQuestion> questions;
+  // The names that were asked for.
+  std::vector<std::basic_string<WCHAR>> asked;
   // Called at each question, before the answer.
-  std::function<void()> onQuestion;
+  std::function<void()> onQuestion = [] {};
 
  private:
   static DWORD_PTR WINAPI Answer(LPCWSTR name, DWORD attributes, SHFILEINFOW* info, UINT size,
                                  UINT flags);
 
+  std::uint32_t made = 0;
   ImportPatch patch;
 };
 
-// Whether image `index` of the two lists shows the same, as far as the first is opaque and sixteen
-// bits of colour can tell.
-bool SameImage(HIMAGELIST first, HIMAGELIST second, int index);
-
-// Whether the second list holds the images of the first, one by one.
+// Whether the second list holds the images of the first, one by one, as far as these are opaque and
+// sixteen bits of colour can tell.
 bool SameImages(HIMAGELIST first, HIMAGELIST second);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,13 +18,9 @@ constexpr const WCHAR SEPARATOR = '\\';
 
 // Short names as they are, long ones as their length.
 std::string Narrow(const Name& name) {
-  if (name.size() > 60) {
-    return std::to_string(name.size()) + " characters";
-  }
+  if (name.size() > 60) return std::to_string(name.size()) + " characters";
   std::string text;
-  for (WCHAR character : name) {
-    text += character < 0x80 ? static_cast<char>(character) : '?';
-  }
+  for (const WCHAR character : name) text += character < 0x80 ? static_cast<char>(character) : '?';
   return text;
 }
 
@@ -42,9 +39,7 @@ class Counted : public Interface {
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
   ULONG STDMETHODCALLTYPE Release() override {
-    if (--references != 0) {
-      return references;
-    }
+    if (--references != 0) return references;
     shell->Log("Release " + name);
     delete this;
     return 0;
@@ -78,9 +73,7 @@ class FakeMenu final : public Counted<IContextMenu2> {
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
     shell->Log("QueryInterface");
     EXPECT_TRUE(IsEqualIID(riid, IID_IContextMenu2));
-    if (shell->Fails("IContextMenu2")) {
-      return E_NOINTERFACE;
-    }
+    if (shell->Fails("IContextMenu2")) return E_NOINTERFACE;
     *object = new FakeMenu("menu 2");
     return S_OK;
   }
@@ -96,7 +89,12 @@ class FakeMenu final : public Counted<IContextMenu2> {
   }
   HRESULT STDMETHODCALLTYPE InvokeCommand(CMINVOKECOMMANDINFO* info) override {
     shell->Log("Invoke " + std::to_string(reinterpret_cast<ULONG_PTR>(info->lpVerb)));
-    shell->invoked = *info;
+    EXPECT_EQ(info->cbSize, 56u);
+    EXPECT_EQ(info->fMask, 0u);
+    EXPECT_EQ(info->hwnd, shell->window);
+    EXPECT_TRUE(!info->lpParameters && !info->lpDirectory && !info->hIcon);
+    EXPECT_EQ(info->nShow, 1);
+    EXPECT_EQ(info->dwHotKey, 0u);
     return E_FAIL;
   }
   HRESULT STDMETHODCALLTYPE GetCommandString(UINT_PTR, UINT, UINT*, CHAR*, UINT) override {
@@ -141,9 +139,7 @@ std::vector<BYTE> IdsOf(const Name& name) {
   const std::size_t separator = name.rfind(SEPARATOR);
   const bool root = separator + 1 == name.size();
   std::vector<BYTE> ids;
-  if (!root) {
-    AppendId(&ids, name.substr(0, separator));
-  }
+  if (!root) AppendId(&ids, name.substr(0, separator));
   AppendId(&ids, root ? name : name.substr(separator + 1));
   ids.resize(ids.size() + sizeof(USHORT));
   return ids;
@@ -164,9 +160,8 @@ class FakeFolder final : public Counted<IShellFolder> {
     shell->parsed.push_back(fileName);
     // The text is the shell's to write to.
     std::fill(text, text + fileName.size(), WCHAR('!'));
-    if (fileName.find(SEPARATOR) == Name::npos || shell->unknown.contains(fileName)) {
-      return E_FAIL;
-    }
+    const bool known = fileName.find(SEPARATOR) != Name::npos && fileName != shell->unknown;
+    if (!known || shell->Fails("Parse")) return E_FAIL;
     const std::vector<BYTE> bytes = IdsOf(fileName);
     *ids = static_cast<LPITEMIDLIST>(shell->Allocate(bytes.size(), "ids"));
     std::memcpy(*ids, bytes.data(), bytes.size());
@@ -181,12 +176,10 @@ class FakeFolder final : public Counted<IShellFolder> {
                                     SizeAt(reinterpret_cast<const BYTE*>(ids[i]))) == 0);
     }
     shell->Log(line);
-    shell->objectWindow = window;
+    shell->window = window;
     EXPECT_TRUE(IsEqualIID(riid, IID_IContextMenu));
     EXPECT_EQ(reserved, nullptr);
-    if (shell->Fails("GetUIObjectOf")) {
-      return E_FAIL;
-    }
+    if (shell->Fails("GetUIObjectOf")) return E_FAIL;
     *object = static_cast<IContextMenu*>(new FakeMenu("menu"));
     return S_OK;
   }
@@ -214,16 +207,76 @@ class FakeFolder final : public Counted<IShellFolder> {
   }
 };
 
-// The allocation that the library makes for a child id, and the text that it makes of a name.
+HRESULT WINAPI GetMalloc(IMalloc** allocator) {
+  shell->Log("SHGetMalloc");
+  EXPECT_EQ(*allocator, nullptr);
+  if (shell->Fails("SHGetMalloc")) return E_FAIL;
+  *allocator = new FakeAllocator();
+  return S_OK;
+}
+
+HRESULT WINAPI GetDesktop(IShellFolder** desktop) {
+  shell->Log("SHGetDesktopFolder");
+  EXPECT_EQ(*desktop, nullptr);
+  if (shell->Fails("SHGetDesktopFolder")) return E_FAIL;
+  *desktop = new FakeFolder("desktop");
+  return S_OK;
+}
+
+HRESULT WINAPI BindToParent(LPCITEMIDLIST ids, REFIID riid, void** folder, LPCITEMIDLIST* last) {
+  EXPECT_TRUE(IsEqualIID(riid, IID_IShellFolder));
+  EXPECT_EQ(*folder, nullptr);
+  if (!ids) {
+    shell->Log("Bind nothing");
+    return E_INVALIDARG;
+  }
+  const auto* id = reinterpret_cast<const BYTE*>(ids);
+  const bool root = SizeAt(id + SizeAt(id)) == 0;
+  const std::string parent = root ? "drives" : Narrow(TextOf(ids));
+  shell->Log("Bind " + parent);
+  *folder = static_cast<IShellFolder*>(new FakeFolder(parent));
+  if (last) {
+    *last = root ? ids : reinterpret_cast<LPCITEMIDLIST>(id + SizeAt(id));
+    shell->nextAllocationFails = shell->Fails("child id of " + Narrow(TextOf(*last)));
+  }
+  return S_OK;
+}
+
+HMENU WINAPI CreatePopup() {
+  shell->Log("CreatePopupMenu");
+  if (shell->Fails("CreatePopupMenu")) return nullptr;
+  ++shell->menus;
+  return MENU;
+}
+
+BOOL WINAPI DestroyTheMenu(HMENU menu) {
+  shell->Log("DestroyMenu");
+  EXPECT_EQ(menu, MENU);
+  --shell->menus;
+  return TRUE;
+}
+
+BOOL WINAPI Track(HMENU menu, UINT flags, int x, int y, int reserved, HWND window,
+                  const RECT* area) {
+  shell->Log("Track " + std::to_string(x) + "," + std::to_string(y));
+  EXPECT_EQ(menu, MENU);
+  EXPECT_EQ(flags, 0x102u);
+  EXPECT_EQ(reserved, 0);
+  EXPECT_EQ(window, shell->window);
+  EXPECT_EQ(area, nullptr);
+  return std::function<int()>(shell->onTrack)();
+}
+
+// The allocation that the library makes for the copy of a child id.
 #ifdef _WIN32
 constexpr const char* ALLOCATION = "malloc";
 void* Allocation(std::size_t size) {
-  return shell->NextAllocationFails() ? nullptr : std::malloc(size);
+  return std::exchange(shell->nextAllocationFails, false) ? nullptr : std::malloc(size);
 }
 #else
 constexpr const char* ALLOCATION = "_ZnamRKSt9nothrow_t";
 void* Allocation(std::size_t size, const std::nothrow_t& tag) {
-  return shell->NextAllocationFails() ? nullptr : operator new[](size, tag);
+  return std::exchange(shell->nextAllocationFails, false) ? nullptr : operator new[](size, tag);
 }
 #endif
 
@@ -237,16 +290,14 @@ FakeShell::FakeShell() {
   replace("SHGetMalloc", &GetMalloc);
   replace("SHGetDesktopFolder", &GetDesktop);
   replace("SHBindToParent", &BindToParent);
-  replace("CreatePopupMenu", &CreateMenu);
+  replace("CreatePopupMenu", &CreatePopup);
   replace("DestroyMenu", &DestroyTheMenu);
   replace("TrackPopupMenu", &Track);
   replace(ALLOCATION, &Allocation);
 }
 
 FakeShell::~FakeShell() {
-  while (!patches.empty()) {
-    patches.pop_back();
-  }
+  while (!patches.empty()) patches.pop_back();
   shell = nullptr;
 }
 
@@ -274,75 +325,4 @@ void FakeShell::Free(void* block) {
   Log("Free " + found->second);
   blocks.erase(found);
   std::free(block);
-}
-
-bool FakeShell::NextAllocationFails() { return std::exchange(nextAllocationFails, false); }
-
-HRESULT FakeShell::GetMalloc(IMalloc** allocator) {
-  shell->Log("SHGetMalloc");
-  EXPECT_EQ(*allocator, nullptr);
-  if (shell->Fails("SHGetMalloc")) {
-    return E_FAIL;
-  }
-  *allocator = new FakeAllocator();
-  return S_OK;
-}
-
-HRESULT FakeShell::GetDesktop(IShellFolder** desktop) {
-  shell->Log("SHGetDesktopFolder");
-  EXPECT_EQ(*desktop, nullptr);
-  if (shell->Fails("SHGetDesktopFolder")) {
-    return E_FAIL;
-  }
-  *desktop = new FakeFolder("desktop");
-  return S_OK;
-}
-
-HRESULT FakeShell::BindToParent(LPCITEMIDLIST ids, REFIID riid, void** folder,
-                                LPCITEMIDLIST* last) {
-  EXPECT_TRUE(IsEqualIID(riid, IID_IShellFolder));
-  EXPECT_EQ(*folder, nullptr);
-  if (last) {
-    shell->nextAllocationFails = shell->childIds++ == shell->childIdWithoutMemory;
-  }
-  if (!ids) {
-    shell->Log("Bind nothing");
-    return E_INVALIDARG;
-  }
-  const auto* id = reinterpret_cast<const BYTE*>(ids);
-  const bool root = SizeAt(id + SizeAt(id)) == 0;
-  const std::string parent = root ? "drives" : Narrow(TextOf(ids));
-  shell->Log("Bind " + parent);
-  *folder = static_cast<IShellFolder*>(new FakeFolder(parent));
-  if (last) {
-    *last = root ? ids : reinterpret_cast<LPCITEMIDLIST>(id + SizeAt(id));
-  }
-  return S_OK;
-}
-
-HMENU FakeShell::CreateMenu() {
-  shell->Log("CreatePopupMenu");
-  if (shell->Fails("CreatePopupMenu")) {
-    return nullptr;
-  }
-  ++shell->menus;
-  return MENU;
-}
-
-BOOL FakeShell::DestroyTheMenu(HMENU menu) {
-  shell->Log("DestroyMenu");
-  EXPECT_EQ(menu, MENU);
-  --shell->menus;
-  return TRUE;
-}
-
-BOOL FakeShell::Track(HMENU menu, UINT flags, int x, int y, int reserved, HWND window,
-                      const RECT* area) {
-  shell->Log("Track " + std::to_string(x) + "," + std::to_string(y));
-  EXPECT_EQ(menu, MENU);
-  EXPECT_EQ(flags, 0x102u);
-  EXPECT_EQ(reserved, 0);
-  EXPECT_EQ(area, nullptr);
-  shell->trackWindow = window;
-  return std::function<int()>(shell->onTrack)();
 }

@@ -7,7 +7,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -23,7 +22,7 @@ using Name = std::basic_string<WCHAR>;
 //   SHGetMalloc               SHGetDesktopFolder          Alloc 8
 //   Parse C:\a\x              Bind C:\a                   Bind nothing
 //   GetUIObjectOf C:\a: x y   CreatePopupMenu             QueryContextMenu
-//   QueryInterface            Track 10,20                 HandleMenuMsg 0x117
+//   QueryInterface            Track 10,20                 HandleMenuMsg 0x117 0 0
 //   Invoke 4                  DestroyMenu                 Free ids | Free array
 //   Release menu | menu 2 | desktop | allocator | C:\a
 //
@@ -39,42 +38,28 @@ class FakeShell {
   void Log(std::string line) { lines.push_back(std::move(line)); }
   void ExpectNothingHeld() const;
 
-  // One call that fails, by its word in the lines; "IContextMenu2" for a menu without one.
+  // One call that fails, by its word in the lines; "IContextMenu2" for a menu without one, or
+  // "child id of x" for the copy of that id.
   std::string failing;
-  // Names that the shell does not know in spite of their backslash.
-  std::set<Name> unknown;
-  // Number of the child id, from 0, for which there is no memory; -1 for none.
-  int childIdWithoutMemory = -1;
+  // A name that the shell does not know in spite of its backslash.
+  Name unknown;
   // What happens while the menu is up; the result is the command picked.
   std::function<int()> onTrack = [] { return 0; };
 
-  // What the library passed.
+  // What the library passed: the names, and the one window of all calls.
   std::vector<Name> parsed;
-  HWND trackWindow = nullptr;
-  HWND objectWindow = nullptr;
-  CMINVOKECOMMANDINFO invoked = {};
+  HWND window = nullptr;
 
   // Used by the stand-ins.
-  bool Fails(const char* call) const { return failing == call; }
+  bool Fails(const std::string& call) const { return failing == call; }
   void* Allocate(SIZE_T size, std::string what);
   void Free(void* block);
-  bool NextAllocationFails();
   int interfaces = 0;
+  int menus = 0;
+  bool nextAllocationFails = false;
 
  private:
-  static HRESULT WINAPI GetMalloc(IMalloc** allocator);
-  static HRESULT WINAPI GetDesktop(IShellFolder** desktop);
-  static HRESULT WINAPI BindToParent(LPCITEMIDLIST ids, REFIID riid, void** folder,
-                                     LPCITEMIDLIST* last);
-  static HMENU WINAPI CreateMenu();
-  static BOOL WINAPI DestroyTheMenu(HMENU menu);
-  static BOOL WINAPI Track(HMENU menu, UINT flags, int x, int y, int reserved, HWND window,
-                           const RECT* area);
-
   Lines lines;
   std::map<void*, std::string> blocks;
-  int menus = 0;
-  int childIds = 0;
-  bool nextAllocationFails = false;
   std::vector<std::unique_ptr<ImportPatch>> patches;
 };

@@ -13,10 +13,9 @@
 
 // Stands between the library and the platform for the calls by which contexts are made and
 // activated, functions are looked up, and windows and images are made. A call goes on to the
-// platform unless the script says otherwise, and each leaves one line:
+// platform unless the script says otherwise, and each leaves a line: its own name, or one of
 //
-//   Query  Module  Path  Context  Activate 0  Find  Load  Lookup ImageList_Remove  Deactivate
-//   RegisterClassW  CreateWindowExW  ImageList_Remove
+//   Activate 0   Activate fake   Deactivate   Find   Lookup ImageList_Remove
 //
 // It checks by itself what the library passes, that every deactivation belongs to the latest
 // activation and that windows and images are only made with a context active. One at a time.
@@ -43,12 +42,13 @@ class ScriptedPlatform {
   // Whether the active context redirects the common controls; the platform is not asked.
   bool redirects = false;
 
-  // Calls by name that fail, and the error that they leave. Those of images give what `results`
-  // says, or 0.
+  // Calls by their lines that fail, and the error that they leave. Those of images give what
+  // `results` says, or 0.
   std::map<std::string, DWORD> failures;
   std::map<std::string, int> results;
-  // Functions that a lookup doesn't find.
-  std::map<std::string, DWORD> missing;
+
+  // The numbers that each call for a new list was given.
+  std::vector<std::vector<int>> createdLists;
 
   // The last error at the beginning of each activation and of each DestroyIcon: what the library's
   // call before it left behind.
@@ -62,8 +62,5 @@ class ScriptedPlatform {
   std::vector<std::string> lines;
 
  private:
-  template <typename Function>
-  void Patch(const char* name, Function* replacement);
-
   std::vector<std::unique_ptr<ImportPatch>> patches;
 };

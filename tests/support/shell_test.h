@@ -3,21 +3,23 @@
 #include <commctrl.h>
 
 #include <string>
-#include <utility>
 
 #include "support/host_window.h"
 
-// Style flags of the views that hand their selection to the system in the same way.
-constexpr std::uint32_t SELECTION_VIEWS[] = {0, QVLS_LISTVIEW};
-
-inline std::string ViewName(std::uint32_t style) { return style & QVLS_LISTVIEW ? "List" : "Tree"; }
-
-// A view of three items, a, b and c, of which the first and the last are selected.
-class SelectionTest : public HostTest {
+// A view of three items, a, b and c, of which the first and the last are selected: each kind of
+// view in turn, since they hand their selection to the system in the same way.
+class EachSelectionView : public HostTest, public ::testing::WithParamInterface<std::uint32_t> {
  protected:
-  void Open(std::uint32_t style) {
-    listView = (style & QVLS_LISTVIEW) != 0;
-    control = CreateView(style);
+  void SetUp() override {
+    HostTest::SetUp();
+    Open();
+  }
+
+  void Open() {
+    if (!view) {
+      view = client.view = GetIQVLTreeView();
+    }
+    control = CreateView(GetParam());
     ASSERT_NE(control, nullptr);
     parent = GetParent(control);
     a = Insert(TEXT("a"));
@@ -32,17 +34,14 @@ class SelectionTest : public HostTest {
   // What the control tells the view's window when the mouse drags `item`.
   void BeginDrag(ItemHandle item) {
     const auto id = static_cast<UINT_PTR>(CONTROL_ID);
-    if (listView) {
-      NMLISTVIEW record = {};
-      record.hdr = {control, id, static_cast<UINT>(LVN_BEGINDRAG)};
-      record.iItem = static_cast<int>(item);
-      SendMessageW(parent, WM_NOTIFY, id, reinterpret_cast<LPARAM>(&record));
-    } else {
-      NMTREEVIEWW record = {};
-      record.hdr = {control, id, static_cast<UINT>(TVN_BEGINDRAGW)};
-      record.itemNew.hItem = reinterpret_cast<HTREEITEM>(item);
-      SendMessageW(parent, WM_NOTIFY, id, reinterpret_cast<LPARAM>(&record));
-    }
+    NMLISTVIEW row = {};
+    row.hdr = {control, id, static_cast<UINT>(LVN_BEGINDRAG)};
+    row.iItem = static_cast<int>(item);
+    NMTREEVIEWW branch = {};
+    branch.hdr = {control, id, static_cast<UINT>(TVN_BEGINDRAGW)};
+    branch.itemNew.hItem = reinterpret_cast<HTREEITEM>(item);
+    NMHDR* const record = GetParam() & QVLS_LISTVIEW ? &row.hdr : &branch.hdr;
+    SendMessageW(parent, WM_NOTIFY, id, reinterpret_cast<LPARAM>(record));
   }
 
   // From now on the client answers both requests for names with these.
@@ -54,7 +53,6 @@ class SelectionTest : public HostTest {
     client.onShellContextMenu = client.onBeginDrag;
   }
 
-  bool listView = false;
   HWND control = nullptr;
   HWND parent = nullptr;
   ItemHandle a = -1;
@@ -62,16 +60,9 @@ class SelectionTest : public HostTest {
   ItemHandle c = -1;
 };
 
-// The same test for each view that has a selection to hand over.
-class EachSelectionView : public SelectionTest,
-                          public ::testing::WithParamInterface<std::uint32_t> {
- protected:
-  void SetUp() override {
-    SelectionTest::SetUp();
-    Open(GetParam());
-  }
-};
+// What INSTANTIATE_TEST_SUITE_P takes behind the suite for these views.
+inline const auto SELECTION_VIEWS = ::testing::Values(0u, std::uint32_t{QVLS_LISTVIEW});
 
-inline std::string ParamName(const ::testing::TestParamInfo<std::uint32_t>& info) {
-  return ViewName(info.param);
+inline std::string ViewName(const ::testing::TestParamInfo<std::uint32_t>& info) {
+  return info.param & QVLS_LISTVIEW ? "List" : "Tree";
 }
