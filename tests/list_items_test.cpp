@@ -153,7 +153,7 @@ TEST_F(ListItemsTest, WithSystemIconsTheShellIsAskedForEachRow) {
   EXPECT_EQ(sent.Of(LVM_SETIMAGELIST)[0].wParam, 1u);
   EXPECT_EQ(sent.Of(LVM_SETIMAGELIST)[0].lParam, reinterpret_cast<LPARAM>(shell.list));
   EXPECT_TRUE(view->SetImageList(nullptr)) << "does not end the system icons";
-  shell.questions.clear();
+  shell.asked.clear();
   EXPECT_EQ(insert(0, 42), 42);
   EXPECT_EQ(insert(1, 43), 43);
   EXPECT_EQ(insert(2, 44), 44);
@@ -163,10 +163,9 @@ TEST_F(ListItemsTest, WithSystemIconsTheShellIsAskedForEachRow) {
   record.SetSubItem(1);
   view->InsertItem(&record, 0);
   view->UpdateItem(&record, 0);
-  const auto whole = TEXT("C:\\folder.d\\file.txt");
-  const WCHAR* const asked[] = {whole, TEXT("file.txt"), whole, whole};
-  ASSERT_EQ(shell.questions.size(), 4u) << "a cell has no icon";
-  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(shell.questions[i].name, asked[i]) << i;
+  const std::basic_string<WCHAR> whole = TEXT("C:\\folder.d\\file.txt");
+  const std::vector<std::basic_string<WCHAR>> asked = {whole, TEXT("file.txt"), whole, whole};
+  EXPECT_EQ(shell.asked, asked) << "and a cell has no icon";
 }
 
 TEST_F(ListItemsTest, ChecksAreStateImagesOneAndTwo) {

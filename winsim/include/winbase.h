@@ -130,9 +130,6 @@ WINSIM_API ULONGLONG WINAPI GetTickCount64();
 WINSIM_API void WINAPI Sleep(DWORD milliseconds);
 WINSIM_API int WINAPI lstrlenW(LPCWSTR text);
 
-WINSIM_API void __cdecl _wsplitpath(const WCHAR* path, WCHAR* drive, WCHAR* directory, WCHAR* name,
-                                    WCHAR* extension);
-
 #define GetModuleHandle GetModuleHandleW
 #define GetModuleHandleEx GetModuleHandleExW
 #define GetModuleFileName GetModuleFileNameW
