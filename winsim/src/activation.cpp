@@ -1,28 +1,15 @@
 // Activation contexts. No module here brings a manifest, so none is ever made.
-#include "activation.h"
-
 #include <vector>
 
 #include <windows.h>
 
-namespace winsim {
 namespace {
 
-struct Activation {
-  ULONG_PTR cookie;
-  HANDLE context;
-};
-
-thread_local std::vector<Activation> active;
+// A cookie for each context that was activated and not yet left.
+thread_local std::vector<ULONG_PTR> active;
 thread_local ULONG_PTR lastCookie = 0x10000;
 
 }  // namespace
-
-int CountActiveContexts() { return static_cast<int>(active.size()); }
-
-}  // namespace winsim
-
-using namespace winsim;
 
 HANDLE WINAPI CreateActCtxW(const ACTCTXW* context) {
   const bool valid = context && context->cbSize == sizeof(ACTCTXW);
@@ -30,30 +17,23 @@ HANDLE WINAPI CreateActCtxW(const ACTCTXW* context) {
   return INVALID_HANDLE_VALUE;
 }
 
-void WINAPI ReleaseActCtx(HANDLE) {}
-
 BOOL WINAPI ActivateActCtx(HANDLE context, ULONG_PTR* cookie) {
   if (context == INVALID_HANDLE_VALUE || !cookie) {
     SetLastError(ERROR_INVALID_PARAMETER);
     return FALSE;
   }
-  active.push_back({++lastCookie, context});
+  active.push_back(++lastCookie);
   *cookie = lastCookie;
   return TRUE;
 }
 
 // Only the context that was activated last can be left.
 BOOL WINAPI DeactivateActCtx(DWORD, ULONG_PTR cookie) {
-  if (active.empty() || active.back().cookie != cookie) {
+  if (active.empty() || active.back() != cookie) {
     SetLastError(ERROR_INVALID_PARAMETER);
     return FALSE;
   }
   active.pop_back();
-  return TRUE;
-}
-
-BOOL WINAPI GetCurrentActCtx(HANDLE* context) {
-  *context = active.empty() ? nullptr : active.back().context;
   return TRUE;
 }
 

@@ -36,7 +36,6 @@ void AddOwnClasses() {
     AddToolTipClass();
     AddEditClass();
     AddHeaderClass();
-    AddStaticClass();
   }
 }
 
@@ -78,45 +77,9 @@ ATOM WINAPI RegisterClassW(const WNDCLASSW* windowClass) {
   WindowClass added;
   added.name = windowClass->lpszClassName;
   added.procedure = windowClass->lpfnWndProc;
-  added.module = windowClass->hInstance;
   added.atom = NextAtom();
   Classes().push_back(std::move(added));
   return Classes().back().atom;
-}
-
-ATOM WINAPI RegisterClassExW(const WNDCLASSEXW* windowClass) {
-  WNDCLASSW plain = {};
-  plain.lpfnWndProc = windowClass->lpfnWndProc;
-  plain.hInstance = windowClass->hInstance;
-  plain.lpszClassName = windowClass->lpszClassName;
-  return RegisterClassW(&plain);
-}
-
-BOOL WINAPI UnregisterClassW(LPCWSTR name, HINSTANCE) {
-  const WindowClass* known = FindClass(name);
-  const auto windows = AllWindows();
-  const bool used = std::any_of(windows.begin(), windows.end(), [known](HWND window) {
-    return FindWindow(window)->windowClass == known;
-  });
-  if (!known || used) {
-    SetLastError(ERROR_CLASS_DOES_NOT_EXIST);
-    return FALSE;
-  }
-  Classes().remove_if([known](const WindowClass& entry) { return &entry == known; });
-  return TRUE;
-}
-
-BOOL WINAPI GetClassInfoW(HINSTANCE, LPCWSTR name, WNDCLASSW* windowClass) {
-  const WindowClass* known = FindClass(name);
-  if (!known) {
-    SetLastError(ERROR_CLASS_DOES_NOT_EXIST);
-    return FALSE;
-  }
-  *windowClass = {};
-  windowClass->lpfnWndProc = known->procedure;
-  windowClass->hInstance = known->module;
-  windowClass->lpszClassName = known->name.c_str();
-  return TRUE;
 }
 
 int WINAPI GetClassNameW(HWND window, LPWSTR name, int size) {

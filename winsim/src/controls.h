@@ -8,6 +8,5 @@ void AddListControlClass();
 void AddToolTipClass();
 void AddEditClass();
 void AddHeaderClass();
-void AddStaticClass();
 
 }  // namespace winsim

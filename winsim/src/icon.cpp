@@ -27,8 +27,6 @@ class Store {
 
   bool Remove(Handle handle) { return images_.erase(handle) != 0; }
 
-  int Count() const { return static_cast<int>(images_.size()); }
-
  private:
   std::map<Handle, Image> images_;
   ULONG_PTR last_ = 0x50000;
@@ -49,8 +47,6 @@ Store<HBITMAP>& Bitmaps() {
 HICON MakeIcon(Image image) { return Icons().Add(std::move(image)); }
 
 const Image* IconImage(HICON icon) { return Icons().Find(icon); }
-
-int CountIcons() { return Icons().Count(); }
 
 HBITMAP MakeBitmap(Image image) { return Bitmaps().Add(std::move(image)); }
 
@@ -88,24 +84,6 @@ BOOL WINAPI DeleteObject(HGDIOBJ object) {
   return Bitmaps().Remove(reinterpret_cast<HBITMAP>(object));
 }
 
-// A set bit of the mask hides the pixel.
-HICON WINAPI CreateIcon(HINSTANCE, int width, int height, BYTE, BYTE, const BYTE* andBits,
-                        const BYTE* xorBits) {
-  Image image;
-  image.width = width;
-  image.height = height;
-  const int stride = (width + 15) / 16 * 2;
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      const int place = y * stride + x / 8;
-      const int bit = 0x80 >> (x % 8);
-      image.pixels.push_back((xorBits[place] & bit) ? RGB(255, 255, 255) : RGB(0, 0, 0));
-      image.shown.push_back(!(andBits[place] & bit));
-    }
-  }
-  return MakeIcon(std::move(image));
-}
-
 HICON WINAPI CreateIconIndirect(ICONINFO* info) {
   const Image* color = BitmapImage(info->hbmColor);
   return color ? MakeIcon(*color) : nullptr;
@@ -125,10 +103,6 @@ BOOL WINAPI GetIconInfo(HICON icon, ICONINFO* info) {
 }
 
 BOOL WINAPI DestroyIcon(HICON icon) { return Icons().Remove(icon); }
-
-HICON WINAPI LoadIconW(HINSTANCE, LPCWSTR name) {
-  return reinterpret_cast<HICON>(const_cast<WCHAR*>(name));
-}
 
 HCURSOR WINAPI LoadCursorW(HINSTANCE, LPCWSTR name) {
   return reinterpret_cast<HCURSOR>(const_cast<WCHAR*>(name));

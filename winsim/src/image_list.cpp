@@ -53,11 +53,6 @@ HIMAGELIST MakePermanentList(int width, int height) {
   return list;
 }
 
-int CountImageLists() {
-  return static_cast<int>(std::count_if(
-      Lists().begin(), Lists().end(), [](const auto& entry) { return !entry.second->permanent; }));
-}
-
 }  // namespace winsim
 
 using namespace winsim;
@@ -92,16 +87,6 @@ BOOL WINAPI ImageList_SetImageCount(HIMAGELIST handle, UINT count) {
   }
   list->images.resize(count, Fit(*list, Image{}));
   return TRUE;
-}
-
-int WINAPI ImageList_Add(HIMAGELIST handle, HBITMAP bitmap, HBITMAP) {
-  _IMAGELIST* list = Find(handle);
-  const Image* image = BitmapImage(bitmap);
-  if (!list || !image) {
-    return -1;
-  }
-  list->images.push_back(Fit(*list, *image));
-  return static_cast<int>(list->images.size()) - 1;
 }
 
 int WINAPI ImageList_ReplaceIcon(HIMAGELIST handle, int index, HICON icon) {
@@ -161,5 +146,3 @@ BOOL WINAPI ImageList_GetIconSize(HIMAGELIST handle, int* width, int* height) {
 }
 
 BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX*) { return TRUE; }
-
-void WINAPI InitCommonControls() {}

@@ -19,10 +19,8 @@ struct Image {
 HICON MakeIcon(Image image);
 // The image behind an icon, or null.
 const Image* IconImage(HICON icon);
-int CountIcons();
 
 // An image list of the shell's, which no program may destroy.
 HIMAGELIST MakePermanentList(int width, int height);
-int CountImageLists();
 
 }  // namespace winsim

@@ -11,8 +11,6 @@ namespace {
 
 std::array<BYTE, 256> keys = {};
 HWND focus = nullptr;
-HWND capture = nullptr;
-POINT cursor = {};
 
 }  // namespace
 
@@ -20,16 +18,11 @@ void SetFocusAfterDestroy(HWND window) {
   if (focus == window) {
     focus = nullptr;
   }
-  if (capture == window) {
-    capture = nullptr;
-  }
 }
 
 void ResetInput() {
   keys = {};
-  cursor = {};
   focus = nullptr;
-  capture = nullptr;
 }
 
 }  // namespace winsim
@@ -57,44 +50,12 @@ HWND WINAPI SetFocus(HWND window) {
 
 HWND WINAPI GetFocus() { return focus; }
 
-HWND WINAPI SetCapture(HWND window) { return std::exchange(capture, window); }
-
-HWND WINAPI GetCapture() { return capture; }
-
-BOOL WINAPI ReleaseCapture() {
-  capture = nullptr;
-  return TRUE;
-}
-
-BOOL WINAPI SetForegroundWindow(HWND window) { return FindWindow(window) != nullptr; }
-
-HWND WINAPI GetForegroundWindow() { return focus; }
-
 SHORT WINAPI GetKeyState(int key) {
   const BYTE state = keys[static_cast<std::size_t>(key & 0xFF)];
   return static_cast<SHORT>(((state & 0x80) ? 0xFF80 : 0) | (state & 0x01));
-}
-
-SHORT WINAPI GetAsyncKeyState(int) { return 0; }
-
-BOOL WINAPI GetKeyboardState(BYTE* state) {
-  std::copy(keys.begin(), keys.end(), state);
-  return TRUE;
 }
 
 BOOL WINAPI SetKeyboardState(BYTE* state) {
   std::copy_n(state, keys.size(), keys.begin());
   return TRUE;
 }
-
-BOOL WINAPI GetCursorPos(LPPOINT point) {
-  *point = cursor;
-  return TRUE;
-}
-
-BOOL WINAPI SetCursorPos(int x, int y) {
-  cursor = {x, y};
-  return TRUE;
-}
-
-UINT WINAPI GetDoubleClickTime() { return 500; }

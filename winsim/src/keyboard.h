@@ -2,7 +2,7 @@
 
 namespace winsim {
 
-// Lets go of every key and takes the focus and the capture from all windows.
+// Lets go of every key and takes the focus from all windows.
 void ResetInput();
 
 }  // namespace winsim

@@ -33,33 +33,21 @@ class EditControl : public Control {
   HWND window_;
 };
 
-class PlainControl : public Control {
- public:
-  explicit PlainControl(HWND window) : window_(window) {}
-
-  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
-    return DefWindowProcW(window_, message, wParam, lParam);
-  }
-
- private:
-  HWND window_;
-};
-
-template <typename Kind>
-std::shared_ptr<Control> Make(HWND window) {
-  return std::make_shared<Kind>(window);
-}
+std::shared_ptr<Control> Make(HWND window) { return std::make_shared<EditControl>(window); }
 
 }  // namespace
 
-void AddEditClass() { AddControlClass(u"Edit", &Make<EditControl>); }
-
-void AddStaticClass() { AddControlClass(u"Static", &Make<PlainControl>); }
+void AddEditClass() { AddControlClass(u"Edit", &Make); }
 
 HWND MakeLabelEdit(HWND owner, const std::u16string& text) {
   return CreateWindowExW(WS_EX_NOPARENTNOTIFY, u"Edit", text.c_str(),
                          WS_CHILD | WS_BORDER | WS_VISIBLE | ES_AUTOHSCROLL, 0, 0, 0, 0, owner,
                          nullptr, nullptr, nullptr);
+}
+
+std::u16string EditedText(HWND field) {
+  const Window* window = FindWindow(field);
+  return window ? window->text : u"";
 }
 
 }  // namespace winsim

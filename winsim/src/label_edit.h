@@ -16,4 +16,7 @@ class LabelEditOwner {
 
 HWND MakeLabelEdit(HWND owner, const std::u16string& text);
 
+// What the field holds; empty if it is gone.
+std::u16string EditedText(HWND field);
+
 }  // namespace winsim

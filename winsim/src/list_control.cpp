@@ -67,13 +67,8 @@ LRESULT ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       LVITEMW values = *reinterpret_cast<const LVITEMW*>(lParam);
       values.mask = LVIF_TEXT;
       values.iItem = index;
-      return GetItem(&values) ? lstrlenW(values.pszText) : 0;
-    }
-    case LVM_SETITEMTEXTW: {
-      LVITEMW values = *reinterpret_cast<const LVITEMW*>(lParam);
-      values.mask = LVIF_TEXT;
-      values.iItem = index;
-      return SetItem(values);
+      return GetItem(&values) ? static_cast<LRESULT>(std::u16string_view(values.pszText).size())
+                              : 0;
     }
     case LVM_DELETEITEM:
       return Delete(index);
@@ -87,23 +82,10 @@ LRESULT ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return SetState(index, *reinterpret_cast<const LVITEMW*>(lParam));
     case LVM_GETSELECTEDCOUNT:
       return selectedCount_;
-    case LVM_GETNEXTITEM:
-      return NextItem(index, static_cast<UINT>(lParam));
-    case LVM_GETSELECTIONMARK:
-      return mark_;
-    case LVM_SETSELECTIONMARK:
-      return std::exchange(mark_, static_cast<int>(lParam));
     case LVM_INSERTCOLUMNW:
       return InsertColumn(index, reinterpret_cast<const LVCOLUMNW*>(lParam));
-    case LVM_DELETECOLUMN:
-      return DeleteColumn(index);
     case LVM_EDITLABELW:
       return BeginLabelEdit(index);
-    case LVM_CANCELEDITLABEL:
-      EndLabelEdit(false);
-      return TRUE;
-    case LVM_GETEDITCONTROL:
-      return reinterpret_cast<LRESULT>(edit_);
     default:
       return HandleLook(message, wParam, lParam);
   }
@@ -114,7 +96,6 @@ LRESULT ListControl::HandleLook(UINT message, WPARAM wParam, LPARAM lParam) {
   const auto column = static_cast<std::size_t>(index);
   switch (message) {
     case LVM_HITTEST:
-    case LVM_SUBITEMHITTEST:
       return HitTest(reinterpret_cast<LVHITTESTINFO*>(lParam));
     case LVM_ENSUREVISIBLE:
       return EnsureVisible(index);
@@ -124,12 +105,9 @@ LRESULT ListControl::HandleLook(UINT message, WPARAM wParam, LPARAM lParam) {
     case LVM_GETTOPINDEX:
       SettleLayout();
       return top_;
-    case LVM_GETCOUNTPERPAGE:
-      return PageRows();
     case LVM_GETITEMRECT:
       return ItemRect(index, reinterpret_cast<RECT*>(lParam));
     case LVM_UPDATE:
-    case LVM_REDRAWITEMS:
       InvalidateRect(window_, nullptr, TRUE);
       return IsRow(index);
     case LVM_SETCOLUMNWIDTH:
@@ -181,8 +159,6 @@ LRESULT ListControl::HandleWindow(UINT message, WPARAM wParam, LPARAM lParam) {
       return LeftButtonDown(wParam, lParam);
     case WM_LBUTTONUP:
       return LeftButtonUp(lParam);
-    case WM_LBUTTONDBLCLK:
-      return LeftButtonDouble(lParam);
     case WM_RBUTTONDOWN:
       return RightButtonDown(lParam);
     case WM_MOUSEMOVE:
@@ -190,11 +166,6 @@ LRESULT ListControl::HandleWindow(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_KEYDOWN:
       return KeyDown(wParam);
-    case WM_CHAR:
-      return Character(wParam);
-    case WM_VSCROLL:
-      ScrollRows(wParam);
-      return 0;
     case WM_SETFOCUS:
       NotifySimple(NM_SETFOCUS);
       return 0;
@@ -206,8 +177,6 @@ LRESULT ListControl::HandleWindow(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_SETREDRAW:
       return 0;
-    case WM_GETDLGCODE:
-      return 0x81;  // arrows and characters
     case WM_DESTROY:
       DeleteAll();
       return 0;
@@ -248,27 +217,6 @@ LRESULT ListControl::SetImageList(WPARAM kind, HIMAGELIST list) {
     return reinterpret_cast<LRESULT>(std::exchange(stateImages_, list));
   }
   return kind == LVSIL_SMALL ? reinterpret_cast<LRESULT>(std::exchange(smallImages_, list)) : 0;
-}
-
-std::u16string ListControl::AskInfoTip(int row) {
-  if (!IsRow(row) || !(extendedStyle_ & LVS_EX_INFOTIP)) {
-    return {};
-  }
-  WCHAR buffer[kInfoTipSize] = {};
-  NMLVGETINFOTIPW tip = {};
-  tip.pszText = buffer;
-  tip.cchTextMax = kInfoTipSize;
-  tip.iItem = row;
-  tip.lParam = Row(row).param;
-  Notify(window_, LVN_GETINFOTIPW, &tip.hdr);
-  return tip.pszText ? tip.pszText : u"";
-}
-
-void ListControl::ColumnClicked(int column) {
-  NMLISTVIEW record = {};
-  record.iItem = -1;
-  record.iSubItem = column;
-  Notify(window_, LVN_COLUMNCLICK, &record.hdr);
 }
 
 }  // namespace winsim

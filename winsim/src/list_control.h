@@ -34,9 +34,6 @@ class ListControl : public Control, public LabelEditOwner {
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
   void EndLabelEdit(bool cancel) override;
   void SettleLayout() override;
-  std::u16string AskInfoTip(int row);
-  void ColumnClicked(int column);
-  int ColumnAt(int x) const;
   int ColumnCount() const { return static_cast<int>(columns_.size()); }
 
  private:
@@ -63,7 +60,6 @@ class ListControl : public Control, public LabelEditOwner {
   bool Delete(int row);
   bool DeleteAll();
   int InsertColumn(int index, const LVCOLUMNW* column);
-  bool DeleteColumn(int index);
   UINT Differences(const ListRow& row, const LVITEMW& values) const;
 
   // list_state.cpp
@@ -78,7 +74,6 @@ class ListControl : public Control, public LabelEditOwner {
   void SelectRange(int row);
   void FocusOn(int row);
   void ToggleBox(int row);
-  int NextItem(int start, UINT flags) const;
 
   // list_layout.cpp
   int RowHeight() const;
@@ -94,17 +89,14 @@ class ListControl : public Control, public LabelEditOwner {
   bool EnsureVisible(int row);
   int HitTest(LVHITTESTINFO* info);
   bool ItemRect(int row, RECT* rect);
-  void ScrollRows(WPARAM request);
 
   // list_input.cpp
   LRESULT LeftButtonDown(WPARAM keys, LPARAM lParam);
   LRESULT LeftButtonUp(LPARAM lParam);
-  LRESULT LeftButtonDouble(LPARAM lParam);
   LRESULT RightButtonDown(LPARAM lParam);
   void MouseMoved(LPARAM lParam);
   void PressRow(int row, WPARAM keys);
   LRESULT KeyDown(WPARAM key);
-  LRESULT Character(WPARAM character);
   void MoveByKey(int row);
   void PressSpace();
   void NotifyClick(UINT code, LPARAM lParam);

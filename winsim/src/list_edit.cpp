@@ -39,8 +39,7 @@ void ListControl::EndLabelEdit(bool cancel) {
   if (!field) {
     return;
   }
-  std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(field)), u'\0');
-  GetWindowTextW(field, text.data(), static_cast<int>(text.size()) + 1);
+  std::u16string text = EditedText(field);
   const bool changed = !cancel && text != editedText_;
   const int row = edited_;
   NMLVDISPINFOW record = {};

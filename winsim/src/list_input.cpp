@@ -18,8 +18,6 @@ LVHITTESTINFO HitInfo(LPARAM lParam) {
 
 bool IsDown(int key) { return GetKeyState(key) < 0; }
 
-char16_t Lower(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
-
 }  // namespace
 
 void ListControl::NotifyClick(UINT code, LPARAM lParam) {
@@ -107,10 +105,7 @@ void ListControl::MouseMoved(LPARAM lParam) {
   }
   const int x = static_cast<short>(LOWORD(lParam));
   const int y = static_cast<short>(HIWORD(lParam));
-  const int far = GetSystemMetrics(SM_CXDRAG);
-  const bool near = x >= pressPoint_.x - far && x < pressPoint_.x + far &&
-                    y >= pressPoint_.y - far && y < pressPoint_.y + far;
-  if (near) {
+  if (IsNear(pressPoint_, x, y)) {
     return;
   }
   pressed_ = false;
@@ -122,14 +117,6 @@ void ListControl::MouseMoved(LPARAM lParam) {
   } else {
     NotifyDrag(LVN_BEGINDRAG, row, pressPoint_);
   }
-}
-
-LRESULT ListControl::LeftButtonDouble(LPARAM lParam) {
-  NotifySimple(NM_RELEASEDCAPTURE);
-  if (!Gone()) {
-    NotifyClick(NM_DBLCLK, lParam);
-  }
-  return 0;
 }
 
 // Selects what is under the mouse, so that the menu stands for it.
@@ -240,22 +227,6 @@ void ListControl::PressSpace() {
   } else {
     SelectOnly(row);
   }
-}
-
-// A letter selects the next row that begins with it.
-LRESULT ListControl::Character(WPARAM character) {
-  if (character <= VK_SPACE) {
-    return 0;
-  }
-  for (int step = 1; step <= Count(); ++step) {
-    const int row = (std::max(focus_, -1) + step) % Count();
-    const std::u16string& text = Row(row).texts[0];
-    if (!text.empty() && Lower(text[0]) == Lower(static_cast<char16_t>(character))) {
-      MoveByKey(row);
-      return 0;
-    }
-  }
-  return 0;
 }
 
 }  // namespace winsim

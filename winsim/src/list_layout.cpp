@@ -13,8 +13,6 @@ constexpr int kHeaderHeight = 17;
 constexpr int kMargin = 2;
 constexpr int kDefaultIndent = 16;
 constexpr long long kFarAway = 1 << 24;  // in pixels: beyond every screen
-// Where a row begins stays within the range of coordinates, however deep it is.
-constexpr int kDeepestIndent = 1 << 20;
 constexpr UINT kOnWhole = LVHT_ONITEMICON | LVHT_ONITEMLABEL | LVHT_ONITEMSTATEICON;
 
 SIZE SizeOf(HIMAGELIST list) {
@@ -48,17 +46,6 @@ int ListControl::TotalWidth() const {
   return static_cast<int>(std::clamp(total, 0LL, kFarAway));
 }
 
-int ListControl::ColumnAt(int x) const {
-  int right = -scrollX_;
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    right += columns_[i];
-    if (x < right) {
-      return static_cast<int>(i);
-    }
-  }
-  return -1;
-}
-
 int ListControl::PageRows() const {
   RECT client = {};
   GetClientRect(window_, &client);
@@ -76,17 +63,16 @@ void ListControl::SettleLayout() {
   ChangeStyle(window_, WS_HSCROLL | WS_VSCROLL, 0);
   RECT whole = {};
   GetClientRect(window_, &whole);
-  const int bar = GetSystemMetrics(SM_CXVSCROLL);
   int width = whole.right;
   int height = whole.bottom - HeaderHeight();
   const int total = TotalWidth();
   bool vertical = Count() > std::max(height, 0) / RowHeight();
-  width -= vertical ? bar : 0;
+  width -= vertical ? kScrollBarSize : 0;
   const bool horizontal = total > width;
-  height -= horizontal ? bar : 0;
+  height -= horizontal ? kScrollBarSize : 0;
   if (!vertical && Count() > std::max(height, 0) / RowHeight()) {
     vertical = true;
-    width -= bar;
+    width -= kScrollBarSize;
   }
   const int page = std::max(height, 0) / RowHeight();
   top_ = std::clamp(top_, 0, std::max(Count() - std::max(page, 1), 0));
@@ -182,36 +168,12 @@ bool ListControl::ItemRect(int row, RECT* rect) {
   const int text = icon + IconWidth();
   const int columnEnd = (columns_.empty() ? 0 : columns_.front()) - scrollX_;
   switch (rect->left) {
-    case LVIR_ICON:
-      *rect = {icon, top, text,
-               top + (smallImages_ ? static_cast<int>(SizeOf(smallImages_).cy) : 16)};
-      return true;
     case LVIR_LABEL:
       *rect = {text, top, columnEnd, top + height};
       return true;
     default:
       *rect = {-scrollX_, top, TotalWidth() - scrollX_, top + height};
       return true;
-  }
-}
-
-void ListControl::ScrollRows(WPARAM request) {
-  SettleLayout();
-  const int page = std::max(PageRows(), 1);
-  switch (LOWORD(request)) {
-    case SB_LINEUP:
-      return ScrollTo(top_ - 1);
-    case SB_LINEDOWN:
-      return ScrollTo(top_ + 1);
-    case SB_PAGEUP:
-      return ScrollTo(top_ - page);
-    case SB_PAGEDOWN:
-      return ScrollTo(top_ + page);
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      return ScrollTo(HIWORD(request));
-    default:
-      return;
   }
 }
 

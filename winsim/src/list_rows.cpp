@@ -225,13 +225,4 @@ int ListControl::InsertColumn(int index, const LVCOLUMNW* column) {
   return place;
 }
 
-bool ListControl::DeleteColumn(int index) {
-  if (index < 0 || index >= static_cast<int>(columns_.size())) {
-    return false;
-  }
-  columns_.erase(columns_.begin() + index);
-  barsStale_ = true;
-  return true;
-}
-
 }  // namespace winsim

@@ -129,13 +129,4 @@ void ListControl::ToggleBox(int row) {
   }
 }
 
-int ListControl::NextItem(int start, UINT flags) const {
-  for (int row = std::clamp(start, -1, Count()) + 1; IsRow(row); ++row) {
-    if ((Row(row).state & flags & 0xF) == (flags & 0xF)) {
-      return row;
-    }
-  }
-  return -1;
-}
-
 }  // namespace winsim

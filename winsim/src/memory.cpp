@@ -4,18 +4,19 @@
 
 #include <cstdlib>
 #include <map>
+#include <set>
 
 #include <shlobj.h>
 
 namespace winsim {
 namespace {
 
-// Size of each live block.
-std::map<void*, SIZE_T>& GlobalBlocks() {
-  static std::map<void*, SIZE_T> blocks;
+std::set<void*>& GlobalBlocks() {
+  static std::set<void*> blocks;
   return blocks;
 }
 
+// Size of each live block.
 std::map<void*, SIZE_T>& TaskBlocks() {
   static std::map<void*, SIZE_T> blocks;
   return blocks;
@@ -79,7 +80,7 @@ HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T bytes) {
     SetLastError(ERROR_NOT_ENOUGH_MEMORY);
     return nullptr;
   }
-  GlobalBlocks()[block] = bytes;
+  GlobalBlocks().insert(block);
   return block;
 }
 
@@ -102,16 +103,9 @@ LPVOID WINAPI GlobalLock(HGLOBAL block) {
 
 BOOL WINAPI GlobalUnlock(HGLOBAL block) { return GlobalBlocks().contains(block); }
 
-SIZE_T WINAPI GlobalSize(HGLOBAL block) {
-  const auto found = GlobalBlocks().find(block);
-  return found == GlobalBlocks().end() ? 0 : found->second;
-}
-
 HRESULT WINAPI SHGetMalloc(IMalloc** allocator) {
   *allocator = &Allocator();
   return S_OK;
 }
 
 void* WINAPI CoTaskMemAlloc(SIZE_T bytes) { return Allocator().Alloc(bytes); }
-
-void WINAPI CoTaskMemFree(void* block) { Allocator().Free(block); }

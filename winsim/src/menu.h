@@ -1,10 +1,10 @@
 #pragma once
 
-#include <winsim.h>
+#include <windows.h>
 
 namespace winsim {
 
 int CountMenus();
-void ForgetMenuScript();
+void AddMenuEntries(HMENU menu, int count);
 
 }  // namespace winsim

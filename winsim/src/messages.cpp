@@ -1,10 +1,8 @@
 #include "messages.h"
 
 #include <algorithm>
-#include <chrono>
 #include <list>
 
-#include "keyboard.h"
 #include "window.h"
 
 namespace winsim {
@@ -14,11 +12,6 @@ std::list<MSG>& Queue() {
   static std::list<MSG> queue;
   return queue;
 }
-
-DWORD lastPosition = 0;
-LONG lastTime = 0;
-bool quitPosted = false;
-int quitCode = 0;
 
 bool Matches(const MSG& message, HWND window, UINT first, UINT last) {
   const bool ofWindow = !window || message.hwnd == window || IsChild(window, message.hwnd);
@@ -36,8 +29,6 @@ bool TakePosted(MSG* message, HWND window, UINT first, UINT last, bool remove) {
     return false;
   }
   *message = *found;
-  lastPosition = static_cast<DWORD>(MAKELONG(found->pt.x, found->pt.y));
-  lastTime = static_cast<LONG>(found->time);
   if (remove) {
     queue.erase(found);
   }
@@ -59,25 +50,12 @@ bool TakePaint(MSG* message, HWND window, UINT first, UINT last) {
   return false;
 }
 
-void FillNow(MSG* message) {
-  message->time = GetTickCount();
-  GetCursorPos(&message->pt);
-}
-
-LRESULT DefaultText(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-  const auto window = ShareWindow(handle);
-  if (!window) {
-    return 0;
-  }
-  if (message == WM_SETTEXT) {
-    const auto text = reinterpret_cast<LPCWSTR>(lParam);
+LRESULT KeepText(HWND handle, LPCWSTR text) {
+  Window* window = FindWindow(handle);
+  if (window) {
     window->text = text ? text : u"";
-    return TRUE;
   }
-  if (message == WM_GETTEXT) {
-    return GetWindowTextW(handle, reinterpret_cast<LPWSTR>(lParam), static_cast<int>(wParam));
-  }
-  return static_cast<LRESULT>(window->text.size());
+  return window != nullptr;
 }
 
 LRESULT PassToParent(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -87,26 +65,13 @@ LRESULT PassToParent(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
              : 0;
 }
 
-// Letting go of the right button asks for the context menu where the mouse is.
-LRESULT RightButtonUp(HWND window, LPARAM lParam) {
-  POINT point = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-  ClientToScreen(window, &point);
-  SendMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window),
-               MAKELPARAM(point.x, point.y));
-  return 0;
-}
-
 }  // namespace
 
 void ForgetMessagesOf(HWND window) {
   Queue().remove_if([window](const MSG& message) { return message.hwnd == window; });
 }
 
-void ForgetAllMessages() {
-  Queue().clear();
-  quitPosted = false;
-  lastPosition = 0;
-}
+void ForgetAllMessages() { Queue().clear(); }
 
 }  // namespace winsim
 
@@ -136,38 +101,19 @@ BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam
   posted.message = message;
   posted.wParam = wParam;
   posted.lParam = lParam;
-  FillNow(&posted);
   Queue().push_back(posted);
   return TRUE;
-}
-
-void WINAPI PostQuitMessage(int exitCode) {
-  quitPosted = true;
-  quitCode = exitCode;
 }
 
 BOOL WINAPI PeekMessageW(LPMSG message, HWND window, UINT first, UINT last, UINT remove) {
   if (TakePosted(message, window, first, last, (remove & PM_REMOVE) != 0)) {
     return TRUE;
   }
-  if (quitPosted && !window) {
-    *message = {};
-    message->message = WM_QUIT;
-    message->wParam = static_cast<WPARAM>(quitCode);
-    quitPosted = !(remove & PM_REMOVE);
-    return TRUE;
-  }
   return TakePaint(message, window, first, last);
 }
 
-// With nothing left to wait for, the loop ends: nobody else could wake it up.
-BOOL WINAPI GetMessageW(LPMSG message, HWND window, UINT first, UINT last) {
-  if (!PeekMessageW(message, window, first, last, PM_REMOVE)) {
-    *message = {};
-    message->message = WM_QUIT;
-  }
-  return message->message != WM_QUIT;
-}
+// The mouse stays in the screen's corner.
+DWORD WINAPI GetMessagePos() { return 0; }
 
 BOOL WINAPI TranslateMessage(const MSG*) { return FALSE; }
 
@@ -178,29 +124,18 @@ LRESULT WINAPI DispatchMessageW(const MSG* message) {
   return SendMessageW(message->hwnd, message->message, message->wParam, message->lParam);
 }
 
-DWORD WINAPI GetMessagePos() { return lastPosition; }
-
-LONG WINAPI GetMessageTime() { return lastTime; }
-
 LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_NCCREATE:
       return TRUE;
     case WM_SETTEXT:
-    case WM_GETTEXT:
-    case WM_GETTEXTLENGTH:
-      return DefaultText(window, message, wParam, lParam);
+      return KeepText(window, reinterpret_cast<LPCWSTR>(lParam));
     case WM_PAINT:
       ValidateRect(window, nullptr);
-      return 0;
-    case WM_CLOSE:
-      DestroyWindow(window);
       return 0;
     case WM_SETREDRAW:
       ChangeStyle(window, WS_VISIBLE, wParam ? WS_VISIBLE : 0);
       return 0;
-    case WM_RBUTTONUP:
-      return RightButtonUp(window, lParam);
     case WM_CONTEXTMENU:
     case WM_PARENTNOTIFY:
       return PassToParent(window, message, wParam, lParam);

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include <windows.h>
 
@@ -120,8 +118,6 @@ DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR name, DWORD size) {
 
 HMODULE WINAPI LoadLibraryW(LPCWSTR name) { return OpenLibrary(name, 0); }
 
-BOOL WINAPI FreeLibrary(HMODULE) { return TRUE; }
-
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
   Dl_info info = {};
   void* library = dladdr(reinterpret_cast<const void*>(module), &info)
@@ -138,17 +134,3 @@ FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
 }
 
 BOOL WINAPI DisableThreadLibraryCalls(HMODULE module) { return module != nullptr; }
-
-LPWSTR WINAPI GetCommandLineW() {
-  static std::u16string commandLine = [] {
-    std::ifstream file("/proc/self/cmdline", std::ios::binary);
-    const std::string raw((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    std::string quoted;
-    for (std::size_t place = 0; place < raw.size(); place = raw.find('\0', place) + 1) {
-      const std::string argument = raw.c_str() + place;
-      quoted += (quoted.empty() ? "\"" : " \"") + argument + "\"";
-    }
-    return ToUtf16(quoted);
-  }();
-  return commandLine.data();
-}

@@ -16,7 +16,6 @@ BOOL WINAPI InvalidateRect(HWND handle, const RECT*, BOOL) {
     return FALSE;
   }
   window->invalid = true;
-  ++window->invalidations;
   return TRUE;
 }
 
@@ -58,46 +57,3 @@ BOOL WINAPI UpdateWindow(HWND handle) {
   }
   return TRUE;
 }
-
-BOOL WINAPI RedrawWindow(HWND handle, const RECT* rect, HRGN, UINT flags) {
-  if (flags & RDW_INVALIDATE) {
-    InvalidateRect(handle, rect, (flags & RDW_ERASE) != 0);
-  }
-  if (flags & RDW_VALIDATE) {
-    ValidateRect(handle, rect);
-  }
-  return (flags & RDW_UPDATENOW) ? UpdateWindow(handle) : TRUE;
-}
-
-HDC WINAPI BeginPaint(HWND handle, PAINTSTRUCT* paint) {
-  *paint = {};
-  paint->hdc = reinterpret_cast<HDC>(handle);
-  GetClientRect(handle, &paint->rcPaint);
-  ValidateRect(handle, nullptr);
-  return paint->hdc;
-}
-
-BOOL WINAPI EndPaint(HWND, const PAINTSTRUCT*) { return TRUE; }
-
-DWORD WINAPI GetSysColor(int index) {
-  switch (index) {
-    case COLOR_WINDOW:
-      return RGB(255, 255, 255);
-    case COLOR_HIGHLIGHT:
-      return RGB(8, 36, 107);
-    case COLOR_BTNFACE:
-      return RGB(212, 208, 200);
-    default:
-      return RGB(0, 0, 0);
-  }
-}
-
-HBRUSH WINAPI GetSysColorBrush(int index) {
-  return reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(index) + 1);
-}
-
-HGDIOBJ WINAPI GetStockObject(int index) {
-  return reinterpret_cast<HGDIOBJ>(static_cast<ULONG_PTR>(index) + 0x100);
-}
-
-HBRUSH WINAPI CreateSolidBrush(COLORREF) { return reinterpret_cast<HBRUSH>(GetStockObject(0)); }

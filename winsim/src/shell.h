@@ -1,6 +1,8 @@
 #pragma once
 
-#include <winsim.h>
+#include <string>
+
+#include <shlobj.h>
 
 namespace winsim {
 
@@ -8,9 +10,8 @@ namespace winsim {
 int CountInterfaces();
 int& LiveInterfaces();
 
-const ShellMenuBehaviour& MenuBehaviour();
-IContextMenu* MakeShellMenu(UINT itemCount);
-void ForgetShellSteering();
+IContextMenu* MakeShellMenu();
+void ForgetShellFiles();
 
 // Whether the name is a file for the shell: on disk, or one that a test added.
 bool ShellFileExists(const std::u16string& path);

@@ -1,5 +1,6 @@
 // The shell's folders. An id list holds one id for each part of a path, the first for its root.
 #include <shlobj.h>
+#include <winsim.h>
 
 #include <algorithm>
 #include <cstring>
@@ -94,11 +95,11 @@ class Folder final : public IShellFolder {
   HRESULT STDMETHODCALLTYPE GetUIObjectOf(HWND, UINT count, PCUITEMID_CHILD_ARRAY ids, REFIID riid,
                                           UINT*, void** object) override {
     *object = nullptr;
-    const bool ask = riid == IID_IContextMenu && !MenuBehaviour().failsToMakeObject;
-    if (!ask || count == 0 || std::find(ids, ids + count, nullptr) != ids + count) {
+    if (riid != IID_IContextMenu || count == 0 ||
+        std::find(ids, ids + count, nullptr) != ids + count) {
       return E_FAIL;
     }
-    *object = MakeShellMenu(count);
+    *object = MakeShellMenu();
     return S_OK;
   }
 
@@ -141,17 +142,11 @@ int CountInterfaces() { return LiveInterfaces(); }
 
 void AddShellFile(const std::u16string& path) { AddedFiles().insert(path); }
 
-void ClearShellFiles() { AddedFiles().clear(); }
+void ForgetShellFiles() { AddedFiles().clear(); }
 
 bool ShellFileExists(const std::u16string& path) {
   std::error_code error;
   return AddedFiles().contains(path) || std::filesystem::exists(ToUtf8(path), error);
-}
-
-void ForgetShellSteering() {
-  ClearShellFiles();
-  SetShellMenuBehaviour({});
-  ShellMenus() = {};
 }
 
 }  // namespace winsim

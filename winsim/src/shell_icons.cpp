@@ -1,7 +1,6 @@
 // The shell's small icons: two to begin with, and one more for each new kind of file.
 #include <algorithm>
 #include <map>
-#include <vector>
 
 #include "image_list.h"
 #include "shell.h"
@@ -84,37 +83,4 @@ DWORD_PTR WINAPI SHGetFileInfoW(LPCWSTR path, DWORD attributes, SHFILEINFOW* inf
     info->hIcon = ImageList_GetIcon(SystemList(), info->iIcon, 0);
   }
   return (flags & SHGFI_SYSICONINDEX) ? reinterpret_cast<DWORD_PTR>(SystemList()) : 1;
-}
-
-// Splits at blanks outside quotes; the block is the caller's to free as a whole.
-LPWSTR* WINAPI CommandLineToArgvW(LPCWSTR commandLine, int* count) {
-  std::vector<std::u16string> arguments;
-  bool quoted = false;
-  bool open = false;
-  for (LPCWSTR place = commandLine; *place; ++place) {
-    if (!open && *place != u' ') {
-      arguments.emplace_back();
-      open = true;
-    }
-    if (*place == u'"') {
-      quoted = !quoted;
-    } else if (*place == u' ' && !quoted) {
-      open = false;
-    } else {
-      arguments.back() += *place;
-    }
-  }
-  std::size_t characters = 0;
-  for (const auto& argument : arguments) {
-    characters += argument.size() + 1;
-  }
-  const std::size_t table = (arguments.size() + 1) * sizeof(LPWSTR);
-  auto* result = static_cast<LPWSTR*>(GlobalAlloc(GPTR, table + characters * sizeof(WCHAR)));
-  auto* text = reinterpret_cast<WCHAR*>(reinterpret_cast<BYTE*>(result) + table);
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    result[i] = text;
-    text += arguments[i].copy(text, arguments[i].size()) + 1;
-  }
-  *count = static_cast<int>(arguments.size());
-  return result;
 }

@@ -8,6 +8,9 @@
 namespace winsim {
 namespace {
 
+constexpr int kDefaultDelay = 500;
+
+// Keeps the two settings that a view makes.
 class ToolTip : public Control {
  public:
   explicit ToolTip(HWND window) : window_(window) {}
@@ -19,35 +22,22 @@ class ToolTip : public Control {
       case TTM_GETMAXTIPWIDTH:
         return maxWidth_;
       case TTM_SETDELAYTIME:
-        SetDelay(wParam, static_cast<short>(LOWORD(lParam)));
+        initialDelay_ = static_cast<short>(LOWORD(lParam));
+        if (initialDelay_ < 0) {
+          initialDelay_ = kDefaultDelay;
+        }
         return 0;
       case TTM_GETDELAYTIME:
-        return wParam <= TTDT_INITIAL ? delays_[wParam] : 0;
-      case TTM_GETTOOLCOUNT:
-        return 1;
+        return initialDelay_;
       default:
         return DefWindowProcW(window_, message, wParam, lParam);
     }
   }
 
  private:
-  // A negative time stands for the default.
-  void SetDelay(WPARAM which, short time) {
-    const int base = static_cast<int>(GetDoubleClickTime());
-    const int defaults[] = {base, base / 5, base * 10, base};
-    if (which == TTDT_AUTOMATIC) {
-      const int initial = time < 0 ? base : time;
-      delays_[TTDT_INITIAL] = initial;
-      delays_[TTDT_RESHOW] = initial / 5;
-      delays_[TTDT_AUTOPOP] = initial * 10;
-    } else if (which <= TTDT_INITIAL) {
-      delays_[which] = time < 0 ? defaults[which] : time;
-    }
-  }
-
   HWND window_;
   int maxWidth_ = -1;
-  int delays_[4] = {500, 100, 5000, 500};
+  int initialDelay_ = kDefaultDelay;
 };
 
 std::shared_ptr<Control> Make(HWND window) { return std::make_shared<ToolTip>(window); }

@@ -5,8 +5,6 @@
 
 namespace winsim {
 
-constexpr int kInfoTipSize = 1024;
-
 HWND MakeToolTip(HWND owner);
 
 }  // namespace winsim

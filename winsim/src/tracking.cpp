@@ -2,9 +2,14 @@
 
 namespace winsim {
 
+constexpr int kDragDistance = 4;  // in each direction
+
+bool IsNear(POINT start, int x, int y) {
+  return x >= start.x - kDragDistance && x < start.x + kDragDistance &&
+         y >= start.y - kDragDistance && y < start.y + kDragDistance;
+}
+
 bool WaitForDrag(HWND window, POINT start, UINT buttonUp) {
-  const int farX = GetSystemMetrics(SM_CXDRAG);
-  const int farY = GetSystemMetrics(SM_CYDRAG);
   MSG message;
   while (PeekMessageW(&message, window, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) {
     if (message.message == buttonUp) {
@@ -12,9 +17,7 @@ bool WaitForDrag(HWND window, POINT start, UINT buttonUp) {
     }
     const int x = static_cast<short>(LOWORD(message.lParam));
     const int y = static_cast<short>(HIWORD(message.lParam));
-    const bool near =
-        x >= start.x - farX && x < start.x + farX && y >= start.y - farY && y < start.y + farY;
-    if (message.message == WM_MOUSEMOVE && !near) {
+    if (message.message == WM_MOUSEMOVE && !IsNear(start, x, y)) {
       return true;
     }
   }

@@ -67,21 +67,6 @@ LRESULT TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return ItemRect(wParam != 0, reinterpret_cast<RECT*>(lParam));
     case TVM_EDITLABELW:
       return BeginLabelEdit(ToItem(lParam));
-    case TVM_ENDEDITLABELNOW: {
-      const bool editing = edit_ != nullptr;
-      EndLabelEditNow(wParam != 0);
-      return editing;
-    }
-    case TVM_GETEDITCONTROL:
-      return reinterpret_cast<LRESULT>(edit_);
-    case TVM_GETCOUNT:
-      return static_cast<LRESULT>(items_.size());
-    case TVM_GETVISIBLECOUNT:
-      return PageRows();
-    case TVM_GETITEMHEIGHT:
-      return rowHeight_;
-    case TVM_GETINDENT:
-      return indent_;
     case TVM_SETIMAGELIST:
       return SetImageList(wParam, reinterpret_cast<HIMAGELIST>(lParam));
     case TVM_GETIMAGELIST:
@@ -105,20 +90,10 @@ LRESULT TreeControl::HandleWindow(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_LBUTTONDOWN:
       return LeftButtonDown(lParam);
-    case WM_LBUTTONDBLCLK:
-      return LeftButtonDouble(lParam);
     case WM_RBUTTONDOWN:
       return RightButtonDown(lParam);
     case WM_KEYDOWN:
       return KeyDown(wParam);
-    case WM_CHAR:
-      return Character(wParam);
-    case WM_VSCROLL:
-      ScrollRows(wParam);
-      return 0;
-    case WM_HSCROLL:
-      ScrollSideways(wParam);
-      return 0;
     case WM_SETFOCUS:
       Focused();
       return 0;
@@ -137,12 +112,8 @@ LRESULT TreeControl::HandleWindow(UINT message, WPARAM wParam, LPARAM lParam) {
       Painted();
       return 0;
     case WM_STYLECHANGED:
-      if (static_cast<int>(wParam) == GWL_STYLE) {
-        StyleChanged(*reinterpret_cast<const STYLESTRUCT*>(lParam));
-      }
+      StyleChanged(*reinterpret_cast<const STYLESTRUCT*>(lParam));
       return 0;
-    case WM_GETDLGCODE:
-      return 0x81;  // arrows and characters
     case WM_DESTROY:
       EndWindow();
       return 0;
@@ -203,22 +174,6 @@ void TreeControl::EndWindow() {
   if (edit_ && !Gone()) {
     CloseLabelEdit();
   }
-}
-
-std::u16string TreeControl::AskInfoTip(HTREEITEM handle) {
-  const TreeItem* item = Find(handle);
-  if (!item || !(Style() & TVS_INFOTIP) || !toolTip_) {
-    return {};
-  }
-  WCHAR buffer[kInfoTipSize] = {};
-  item->text.copy(buffer, kInfoTipSize - 1);
-  NMTVGETINFOTIPW tip = {};
-  tip.pszText = buffer;
-  tip.cchTextMax = kInfoTipSize;
-  tip.hItem = handle;
-  tip.lParam = item->param;
-  Notify(window_, TVN_GETINFOTIPW, &tip.hdr);
-  return tip.pszText ? tip.pszText : u"";
 }
 
 }  // namespace winsim

@@ -38,7 +38,6 @@ class TreeControl : public Control, public LabelEditOwner {
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
   void EndLabelEdit(bool cancel) override;
   void SettleLayout() override;
-  std::u16string AskInfoTip(HTREEITEM handle);
 
  private:
   // tree_control.cpp
@@ -94,15 +93,11 @@ class TreeControl : public Control, public LabelEditOwner {
   LRESULT HitTest(TVHITTESTINFO* info);
   LRESULT ItemRect(bool textOnly, RECT* rect);
   LRESULT EnsureVisible(HTREEITEM handle);
-  void ScrollRows(WPARAM request);
-  void ScrollSideways(WPARAM request);
 
   // tree_input.cpp
   LRESULT LeftButtonDown(LPARAM lParam);
-  LRESULT LeftButtonDouble(LPARAM lParam);
   LRESULT RightButtonDown(LPARAM lParam);
   LRESULT KeyDown(WPARAM key);
-  LRESULT Character(WPARAM character);
   void MoveCaretByKey(WPARAM key);
   void ExpandByKey(WPARAM key);
   void ExpandWholeBranch(HTREEITEM handle);
@@ -115,7 +110,6 @@ class TreeControl : public Control, public LabelEditOwner {
   LRESULT BeginLabelEdit(HTREEITEM handle);
   bool AskLabelEdit(UINT code, HTREEITEM handle, LPWSTR text, UINT mask);
   void TellLabelEditEnd(bool withText);
-  void EndLabelEditNow(bool cancel);
   void CloseLabelEdit();
 
   HWND window_;

@@ -41,8 +41,7 @@ bool TreeControl::AskLabelEdit(UINT code, HTREEITEM handle, LPWSTR text, UINT ma
 
 // A cancelled edit is told of without a text.
 void TreeControl::TellLabelEditEnd(bool withText) {
-  std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(edit_)), u'\0');
-  GetWindowTextW(edit_, text.data(), static_cast<int>(text.size()) + 1);
+  std::u16string text = EditedText(edit_);
   LPWSTR pointer = withText ? text.data() : nullptr;
   const UINT mask = withText ? TVIF_TEXT : 0;
   const bool accepted = AskLabelEdit(TVN_ENDLABELEDITW, edited_, pointer, mask);
@@ -64,18 +63,6 @@ void TreeControl::EndLabelEdit(bool cancel) {
     if (hadFocus && !Gone()) {
       SetFocus(window_);
     }
-  }
-}
-
-// Ended by message, the field loses the focus afterwards, which is one more end of the edit, now
-// with the text: the parent hears of both, as on the platform.
-void TreeControl::EndLabelEditNow(bool cancel) {
-  if (edit_ && GetFocus() == edit_) {
-    TellLabelEditEnd(!cancel);
-    cancel = false;
-  }
-  if (!Gone()) {
-    EndLabelEdit(cancel);
   }
 }
 

@@ -13,13 +13,6 @@ TVHITTESTINFO HitInfo(LPARAM lParam) {
   return info;
 }
 
-bool StartsWith(const std::u16string& text, char16_t character) {
-  const auto lower = [](char16_t c) {
-    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
-  };
-  return !text.empty() && lower(text.front()) == lower(character);
-}
-
 }  // namespace
 
 // Where a press selects, ticks or begins a drag.
@@ -58,21 +51,6 @@ LRESULT TreeControl::LeftButtonDown(LPARAM lParam) {
     SetFocus(window_);
   }
   return 0;
-}
-
-LRESULT TreeControl::LeftButtonDouble(LPARAM lParam) {
-  TVHITTESTINFO hit = HitInfo(lParam);
-  HitTest(&hit);
-  NMHDR click = {};
-  if (Notify(window_, NM_DBLCLK, &click) || Gone() || !hit.hItem) {
-    return TRUE;
-  }
-  if (hit.flags & TVHT_ONITEMSTATEICON) {
-    ToggleBox(hit.hItem);
-  } else if (hit.flags & (TVHT_ONITEM | TVHT_ONITEMBUTTON)) {
-    ToggleExpansion(hit.hItem);
-  }
-  return TRUE;
 }
 
 LRESULT TreeControl::RightButtonDown(LPARAM lParam) {
@@ -227,25 +205,6 @@ void TreeControl::ExpandWholeBranch(HTREEITEM handle) {
   for (HTREEITEM child : children) {
     ExpandWholeBranch(child);
   }
-}
-
-// A letter takes the caret to the next item that begins with it.
-LRESULT TreeControl::Character(WPARAM character) {
-  WriteRows();
-  const TreeItem* caret = Find(caret_);
-  if (character <= VK_SPACE || rows_.empty()) {
-    return 0;
-  }
-  const std::size_t count = rows_.size();
-  const std::size_t from = caret ? static_cast<std::size_t>(caret->row) : count - 1;
-  for (std::size_t step = 1; step <= count; ++step) {
-    const TreeItem* item = rows_[(from + step) % count];
-    if (StartsWith(item->text, static_cast<char16_t>(character))) {
-      Select(item->handle, TVC_BYKEYBOARD);
-      return 0;
-    }
-  }
-  return 0;
 }
 
 // A tree that gets the focus without a caret puts it on its first item.

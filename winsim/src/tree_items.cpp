@@ -120,9 +120,6 @@ LRESULT TreeControl::GetItem(TVITEMW* values) {
   if (values->mask & TVIF_SELECTEDIMAGE) {
     values->iSelectedImage = item->selectedImage;
   }
-  if (values->mask & TVIF_CHILDREN) {
-    values->cChildren = item->firstChild != nullptr;
-  }
   if (values->mask & TVIF_PARAM) {
     values->lParam = item->param;
   }
@@ -207,12 +204,6 @@ LRESULT TreeControl::NextItem(WPARAM relation, HTREEITEM handle) {
       return ToResult(HandleOf(root_.firstChild));
     case TVGN_CARET:
       return ToResult(caret_);
-    case TVGN_FIRSTVISIBLE:
-      WriteRows();
-      return ToResult(firstVisible_);
-    case TVGN_LASTVISIBLE:
-      WriteRows();
-      return rows_.empty() ? 0 : ToResult(rows_.back()->handle);
     default:
       break;
   }
@@ -224,9 +215,6 @@ LRESULT TreeControl::NextItem(WPARAM relation, HTREEITEM handle) {
   switch (relation) {
     case TVGN_NEXT:
       result = item->next;
-      break;
-    case TVGN_PREVIOUS:
-      result = item->previous;
       break;
     case TVGN_PARENT:
       result = item->parent;

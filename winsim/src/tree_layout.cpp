@@ -125,17 +125,16 @@ void TreeControl::SettleBars() {
   RECT whole = {};
   GetClientRect(window_, &whole);
   barsStale_ = busy;
-  const int bar = GetSystemMetrics(SM_CXVSCROLL);
   const int count = static_cast<int>(rows_.size());
   int width = whole.right;
   int height = whole.bottom;
   bool vertical = count > height / rowHeight_;
-  width -= vertical ? bar : 0;
+  width -= vertical ? kScrollBarSize : 0;
   const bool horizontal = !rows_.empty() && widest_ > width;
-  height -= horizontal ? bar : 0;
+  height -= horizontal ? kScrollBarSize : 0;
   if (horizontal && !vertical && count > height / rowHeight_) {
     vertical = true;
-    width -= bar;
+    width -= kScrollBarSize;
   }
   const int page = std::max(height, 0) / rowHeight_;
   Window* window = FindWindow(window_);
@@ -294,42 +293,6 @@ LRESULT TreeControl::EnsureVisible(HTREEITEM handle) {
   }
   ShowBranchOf(handle);
   return !Gone() && ScrollIntoView(handle, true);
-}
-
-void TreeControl::ScrollRows(WPARAM request) {
-  SettleLayout();
-  const int first = FirstRow();
-  const int page = std::max(PageRows(), 1);
-  switch (LOWORD(request)) {
-    case SB_LINEUP:
-      return ScrollTo(first - 1);
-    case SB_LINEDOWN:
-      return ScrollTo(first + 1);
-    case SB_PAGEUP:
-      return ScrollTo(first - page);
-    case SB_PAGEDOWN:
-      return ScrollTo(first + page);
-    case SB_TOP:
-      return ScrollTo(0);
-    case SB_BOTTOM:
-      return ScrollTo(LastFirstRow());
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      return ScrollTo(HIWORD(request));
-    default:
-      return;
-  }
-}
-
-void TreeControl::ScrollSideways(WPARAM request) {
-  if (LOWORD(request) == SB_THUMBTRACK || LOWORD(request) == SB_THUMBPOSITION) {
-    SettleLayout();
-    RECT client = {};
-    GetClientRect(window_, &client);
-    const int last = std::max(widest_ - static_cast<int>(client.right), 0);
-    scrollX_ = std::clamp(static_cast<int>(HIWORD(request)), 0, last);
-    barsStale_ = true;
-  }
 }
 
 }  // namespace winsim

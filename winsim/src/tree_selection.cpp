@@ -85,8 +85,6 @@ bool TreeControl::ExpandMessage(WPARAM action, HTREEITEM handle) {
       return Expand(handle, false);
     case TVE_COLLAPSE:
       return Collapse(handle, false);
-    case TVE_TOGGLE:
-      return (item->state & TVIS_EXPANDED) ? Collapse(handle, false) : Expand(handle, false);
     default:
       return false;
   }

@@ -54,36 +54,16 @@ void Remove(HWND handle) {
   }
   SetFocusAfterDestroy(handle);
   ForgetMessagesOf(handle);
-  ForgetDropTargetOf(handle);
   Windows().erase(handle);
 }
 
-CREATESTRUCTW Describe(const Window& window, LPVOID parameter) {
-  CREATESTRUCTW create = {};
-  create.lpCreateParams = parameter;
-  create.hInstance = window.module;
-  create.hMenu = reinterpret_cast<HMENU>(window.id);
-  create.hwndParent = window.parent;
-  create.x = window.rect.left;
-  create.y = window.rect.top;
-  create.cx = window.rect.right - window.rect.left;
-  create.cy = window.rect.bottom - window.rect.top;
-  create.style = static_cast<LONG>(window.style);
-  create.lpszName = window.text.c_str();
-  create.lpszClass = window.windowClass->name.c_str();
-  create.dwExStyle = window.exStyle;
-  return create;
-}
-
 // False if the window refused itself or ended while it was told.
-bool AnnounceCreation(const std::shared_ptr<Window>& window, LPVOID parameter) {
-  CREATESTRUCTW create = Describe(*window, parameter);
-  const auto description = reinterpret_cast<LPARAM>(&create);
-  if (!SendMessageW(window->handle, WM_NCCREATE, 0, description)) {
+bool AnnounceCreation(const std::shared_ptr<Window>& window) {
+  if (!SendMessageW(window->handle, WM_NCCREATE, 0, 0)) {
     Remove(window->handle);
     return false;
   }
-  if (SendMessageW(window->handle, WM_CREATE, 0, description) == -1) {
+  if (SendMessageW(window->handle, WM_CREATE, 0, 0) == -1) {
     DestroyWindow(window->handle);
     return false;
   }
@@ -159,15 +139,15 @@ LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 using namespace winsim;
 
 HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x,
-                            int y, int width, int height, HWND parent, HMENU menu, HINSTANCE module,
-                            LPVOID parameter) {
+                            int y, int width, int height, HWND parent, HMENU menu, HINSTANCE,
+                            LPVOID) {
   const WindowClass* windowClass = FindClass(className);
   if (!windowClass) {
     SetLastError(ERROR_CANNOT_FIND_WND_CLASS);
     return nullptr;
   }
   Window* above = FindWindow(parent);
-  if ((parent && parent != HWND_MESSAGE && !above) || (!parent && (style & WS_CHILD))) {
+  if ((parent && !above) || (!parent && (style & WS_CHILD))) {
     SetLastError(ERROR_INVALID_WINDOW_HANDLE);
     return nullptr;
   }
@@ -178,22 +158,18 @@ HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWO
   window->procedure = windowClass->procedure;
   window->style = style;
   window->exStyle = exStyle;
-  window->module = module;
   window->id = (style & WS_CHILD) ? reinterpret_cast<LONG_PTR>(menu) : 0;
   window->text = title ? title : u"";
-  const bool anywhere = x == CW_USEDEFAULT;
-  const bool anySize = width == CW_USEDEFAULT;
-  const int left = anywhere ? 0 : PlacedWithin(x);
-  const int top = anywhere ? 0 : PlacedWithin(y);
-  const int reach = anySize ? 640 : PlacedWithin(std::max(width, 0));
-  const int depth = anySize ? 480 : PlacedWithin(std::max(height, 0));
-  window->rect = {left, top, left + reach, top + depth};
+  const int left = PlacedWithin(x);
+  const int top = PlacedWithin(y);
+  window->rect = {left, top, left + PlacedWithin(std::max(width, 0)),
+                  top + PlacedWithin(std::max(height, 0))};
   window->invalid = (style & WS_VISIBLE) != 0;
   Windows()[window->handle] = window;
   if (above && (style & WS_CHILD)) {
     above->children.push_back(window->handle);
   }
-  return AnnounceCreation(window, parameter) ? window->handle : nullptr;
+  return AnnounceCreation(window) ? window->handle : nullptr;
 }
 
 BOOL WINAPI DestroyWindow(HWND handle) {
@@ -230,12 +206,6 @@ LONG_PTR WINAPI GetWindowLongPtrW(HWND handle, int index) {
   switch (index) {
     case GWLP_WNDPROC:
       return reinterpret_cast<LONG_PTR>(window->procedure);
-    case GWLP_HINSTANCE:
-      return reinterpret_cast<LONG_PTR>(window->module);
-    case GWLP_HWNDPARENT:
-      return reinterpret_cast<LONG_PTR>(window->parent);
-    case GWLP_ID:
-      return window->id;
     case GWL_STYLE:
       SettleLayout(handle);
       return static_cast<LONG_PTR>(window->style);
@@ -251,10 +221,10 @@ LONG_PTR WINAPI GetWindowLongPtrW(HWND handle, int index) {
 
 namespace {
 
-LONG_PTR SetStyle(HWND handle, int index, DWORD* style, LONG_PTR value) {
+LONG_PTR SetStyle(HWND handle, DWORD* style, LONG_PTR value) {
   STYLESTRUCT change = {*style, static_cast<DWORD>(value)};
   *style = change.styleNew;
-  SendMessageW(handle, WM_STYLECHANGED, static_cast<WPARAM>(index),
+  SendMessageW(handle, WM_STYLECHANGED, static_cast<WPARAM>(GWL_STYLE),
                reinterpret_cast<LPARAM>(&change));
   return static_cast<LONG_PTR>(change.styleOld);
 }
@@ -273,44 +243,12 @@ LONG_PTR WINAPI SetWindowLongPtrW(HWND handle, int index, LONG_PTR value) {
       window->procedure = reinterpret_cast<WNDPROC>(value);
       return former;
     }
-    case GWLP_ID:
-      return std::exchange(window->id, value);
     case GWLP_USERDATA:
       return std::exchange(window->userData, value);
     case GWL_STYLE:
-      return SetStyle(handle, index, &window->style, value);
-    case GWL_EXSTYLE:
-      return SetStyle(handle, index, &window->exStyle, value);
+      return SetStyle(handle, &window->style, value);
     default:
       SetLastError(ERROR_INVALID_PARAMETER);
       return 0;
   }
-}
-
-LONG WINAPI GetWindowLongW(HWND window, int index) {
-  return static_cast<LONG>(GetWindowLongPtrW(window, index));
-}
-
-LONG WINAPI SetWindowLongW(HWND window, int index, LONG value) {
-  return static_cast<LONG>(SetWindowLongPtrW(window, index, value));
-}
-
-int WINAPI GetWindowTextLengthW(HWND window) {
-  const Window* known = FindWindow(window);
-  return known ? static_cast<int>(known->text.size()) : 0;
-}
-
-int WINAPI GetWindowTextW(HWND window, LPWSTR text, int size) {
-  const Window* known = FindWindow(window);
-  if (!known || size <= 0) {
-    return 0;
-  }
-  const std::size_t length = std::min(known->text.size(), static_cast<std::size_t>(size - 1));
-  std::copy_n(known->text.begin(), length, text);
-  text[length] = 0;
-  return static_cast<int>(length);
-}
-
-BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text) {
-  return SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) != 0;
 }

@@ -26,7 +26,6 @@ void SettleLayout(HWND window);
 struct WindowClass {
   std::u16string name;
   WNDPROC procedure = nullptr;
-  HINSTANCE module = nullptr;
   ATOM atom = 0;
   // Makes the control behind a window of the stand-in's own classes.
   std::shared_ptr<Control> (*makeControl)(HWND) = nullptr;
@@ -47,7 +46,6 @@ struct Window {
   WNDPROC procedure = nullptr;
   DWORD style = 0;
   DWORD exStyle = 0;
-  HINSTANCE module = nullptr;
   LONG_PTR id = 0;
   LONG_PTR userData = 0;
   std::u16string text;
@@ -55,10 +53,12 @@ struct Window {
   bool hasScrollBars = false;  // set once a bar was given a value
   ScrollBar bars[2];
   bool invalid = false;
-  int invalidations = 0;
   bool ending = false;
   std::shared_ptr<Control> control;
 };
+
+// How wide a scroll bar is.
+constexpr int kScrollBarSize = 17;
 
 // No window lies or reaches farther than this many pixels.
 constexpr int kFarthest = 1 << 24;
@@ -84,6 +84,5 @@ LRESULT Notify(HWND from, UINT code, NMHDR* header);
 
 void SetFocusAfterDestroy(HWND window);
 void ForgetMessagesOf(HWND window);
-void ForgetDropTargetOf(HWND window);
 
 }  // namespace winsim
