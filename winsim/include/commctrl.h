@@ -13,4 +13,3 @@ struct INITCOMMONCONTROLSEX {
   DWORD dwICC;
 };
 WINSIM_API BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX* controls);
-WINSIM_API void WINAPI InitCommonControls();

@@ -3,26 +3,21 @@
 
 #include "objbase.h"
 
-#define CF_TEXT 1
 #define CF_UNICODETEXT 13
 #define CF_HDROP 15
 
 #define TYMED_HGLOBAL 1
 #define TYMED_FILE 2
 #define TYMED_ISTREAM 4
-#define TYMED_NULL 0
 
 #define DVASPECT_CONTENT 1
-#define DVASPECT_THUMBNAIL 2
 #define DVASPECT_ICON 4
 
 #define DATADIR_GET 1
-#define DATADIR_SET 2
 
 #define DROPEFFECT_NONE 0
 #define DROPEFFECT_COPY 1
 #define DROPEFFECT_MOVE 2
-#define DROPEFFECT_LINK 4
 
 using CLIPFORMAT = WORD;
 
@@ -42,7 +37,6 @@ struct FORMATETC {
   LONG lindex;
   DWORD tymed;
 };
-using LPFORMATETC = FORMATETC*;
 
 struct STGMEDIUM {
   DWORD tymed;
@@ -53,7 +47,6 @@ struct STGMEDIUM {
   };
   IUnknown* pUnkForRelease;
 };
-using LPSTGMEDIUM = STGMEDIUM*;
 
 static_assert(sizeof(FORMATETC) == 32 && sizeof(STGMEDIUM) == 24);
 
@@ -61,7 +54,6 @@ struct IEnumFORMATETC;
 struct IEnumSTATDATA;
 struct IAdviseSink;
 struct IBindCtx;
-using LPBC = IBindCtx*;
 
 struct IDataObject : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) = 0;
@@ -75,23 +67,11 @@ struct IDataObject : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE DUnadvise(DWORD connection) = 0;
   virtual HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA** connections) = 0;
 };
-using LPDATAOBJECT = IDataObject*;
 
 struct IDropSource : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL escapePressed, DWORD keyState) = 0;
   virtual HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD effect) = 0;
 };
-using LPDROPSOURCE = IDropSource*;
-
-struct IDropTarget : IUnknown {
-  virtual HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keyState, POINTL point,
-                                              DWORD* effect) = 0;
-  virtual HRESULT STDMETHODCALLTYPE DragOver(DWORD keyState, POINTL point, DWORD* effect) = 0;
-  virtual HRESULT STDMETHODCALLTYPE DragLeave() = 0;
-  virtual HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD keyState, POINTL point,
-                                         DWORD* effect) = 0;
-};
-using LPDROPTARGET = IDropTarget*;
 
 WINSIM_API const IID IID_IDataObject;
 WINSIM_API const IID IID_IDropSource;
@@ -101,6 +81,3 @@ WINSIM_API HRESULT WINAPI OleInitialize(LPVOID reserved);
 WINSIM_API void WINAPI OleUninitialize();
 WINSIM_API HRESULT WINAPI DoDragDrop(IDataObject* data, IDropSource* source, DWORD allowed,
                                      DWORD* effect);
-WINSIM_API HRESULT WINAPI RegisterDragDrop(HWND window, IDropTarget* target);
-WINSIM_API HRESULT WINAPI RevokeDragDrop(HWND window);
-WINSIM_API void WINAPI ReleaseStgMedium(STGMEDIUM* medium);

@@ -22,27 +22,18 @@ struct DROPFILES {
 };
 #pragma pack(pop)
 
-using ITEMIDLIST_RELATIVE = ITEMIDLIST;
-using ITEMIDLIST_ABSOLUTE = ITEMIDLIST;
-using ITEMID_CHILD = ITEMIDLIST;
 using LPITEMIDLIST = ITEMIDLIST*;
 using LPCITEMIDLIST = const ITEMIDLIST*;
-using PIDLIST_ABSOLUTE = ITEMIDLIST*;
 using PIDLIST_RELATIVE = ITEMIDLIST*;
 using PITEMID_CHILD = ITEMIDLIST*;
 using PCIDLIST_ABSOLUTE = const ITEMIDLIST*;
-using PCIDLIST_RELATIVE = const ITEMIDLIST*;
 using PCUIDLIST_RELATIVE = const ITEMIDLIST*;
 using PCUITEMID_CHILD = const ITEMIDLIST*;
-using PCITEMID_CHILD = const ITEMIDLIST*;
 using PCUITEMID_CHILD_ARRAY = const PCUITEMID_CHILD*;
 
 static_assert(sizeof(DROPFILES) == 20 && sizeof(SHITEMID) == 3);
 
 #define CMF_NORMAL 0x00000000
-#define CMF_DEFAULTONLY 0x00000001
-#define CMF_EXPLORE 0x00000004
-#define GCS_VERBW 0x00000004
 
 struct CMINVOKECOMMANDINFO {
   DWORD cbSize;
@@ -55,7 +46,6 @@ struct CMINVOKECOMMANDINFO {
   DWORD dwHotKey;
   HANDLE hIcon;
 };
-using LPCMINVOKECOMMANDINFO = CMINVOKECOMMANDINFO*;
 static_assert(sizeof(CMINVOKECOMMANDINFO) == 56);
 
 struct STRRET {
@@ -94,7 +84,6 @@ struct IShellFolder : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE SetNameOf(HWND window, PCUITEMID_CHILD id, LPCWSTR name,
                                               SHGDNF flags, PITEMID_CHILD* result) = 0;
 };
-using LPSHELLFOLDER = IShellFolder*;
 
 struct IContextMenu : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE QueryContextMenu(HMENU menu, UINT position, UINT first,
@@ -103,12 +92,10 @@ struct IContextMenu : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE GetCommandString(UINT_PTR command, UINT type, UINT* reserved,
                                                      LPSTR name, UINT size) = 0;
 };
-using LPCONTEXTMENU = IContextMenu*;
 
 struct IContextMenu2 : IContextMenu {
   virtual HRESULT STDMETHODCALLTYPE HandleMenuMsg(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 };
-using LPCONTEXTMENU2 = IContextMenu2*;
 
 WINSIM_API const IID IID_IShellFolder;
 WINSIM_API const IID IID_IContextMenu;

@@ -1,4 +1,0 @@
-// Part of the shell's interfaces.
-#pragma once
-
-#include "shlobj.h"
