@@ -100,8 +100,8 @@ std::pair<int, int> ListControl::StretchTo(int row) {
 }
 
 void ListControl::DeselectOutside(int row) {
-  const auto [first, last] = StretchTo(row);
-  DeselectRows([first, last](int other) { return other < first || other > last; });
+  const std::pair<int, int> stretch = StretchTo(row);
+  DeselectRows([stretch](int other) { return other < stretch.first || other > stretch.second; });
 }
 
 void ListControl::SelectRange(int row) {
