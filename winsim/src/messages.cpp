@@ -133,9 +133,6 @@ LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM l
     case WM_PAINT:
       ValidateRect(window, nullptr);
       return 0;
-    case WM_SETREDRAW:
-      ChangeStyle(window, WS_VISIBLE, wParam ? WS_VISIBLE : 0);
-      return 0;
     case WM_CONTEXTMENU:
     case WM_PARENTNOTIFY:
       return PassToParent(window, message, wParam, lParam);

@@ -46,51 +46,17 @@ bool PathOf(HMODULE module, std::string* path) {
   return true;
 }
 
-bool IsSystemLibrary(const std::u16string& name) {
-  const std::u16string lower = ToLower(name);
-  for (const char16_t* known : {u"comctl32", u"user32", u"kernel32", u"shell32", u"ole32"}) {
-    if (lower == known || lower == std::u16string(known) + u".dll") {
-      return true;
-    }
-  }
-  return false;
-}
-
-// A library "name.dll" is built here as "libname.so".
-std::string LocalName(const std::u16string& name) {
-  std::string plain = ToUtf8(name);
-  const std::string ending = ".dll";
-  if (plain.size() > ending.size() && ToLower(name).ends_with(u".dll")) {
-    return "lib" + plain.substr(0, plain.size() - ending.size()) + ".so";
-  }
-  return plain;
-}
-
-HMODULE OpenLibrary(const std::u16string& name, int mode) {
-  if (IsSystemLibrary(name)) {
-    return OwnModule();
-  }
-  void* library = dlopen(LocalName(name).c_str(), RTLD_NOW | mode);
-  link_map* map = nullptr;
-  if (!library || dlinfo(library, RTLD_DI_LINKMAP, &map) != 0) {
-    SetLastError(ERROR_MOD_NOT_FOUND);
-    return nullptr;
-  }
-  return reinterpret_cast<HMODULE>(map->l_addr);
-}
-
 }  // namespace
 }  // namespace winsim
 
 using namespace winsim;
 
-HMODULE WINAPI GetModuleHandleW(LPCWSTR name) {
-  return name ? OpenLibrary(name, RTLD_NOLOAD) : MainModule();
-}
+// Only the program itself is asked for.
+HMODULE WINAPI GetModuleHandleW(LPCWSTR) { return MainModule(); }
 
-BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR name, HMODULE* module) {
-  *module =
-      (flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) ? ModuleAt(name) : GetModuleHandleW(name);
+// The name is an address in the module that is asked for.
+BOOL WINAPI GetModuleHandleExW(DWORD, LPCWSTR name, HMODULE* module) {
+  *module = ModuleAt(name);
   if (!*module) {
     SetLastError(ERROR_MOD_NOT_FOUND);
   }
@@ -116,7 +82,13 @@ DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR name, DWORD size) {
   return static_cast<DWORD>(length);
 }
 
-HMODULE WINAPI LoadLibraryW(LPCWSTR name) { return OpenLibrary(name, 0); }
+HMODULE WINAPI LoadLibraryW(LPCWSTR name) {
+  if (ToLower(name) == u"comctl32.dll") {
+    return OwnModule();
+  }
+  SetLastError(ERROR_MOD_NOT_FOUND);
+  return nullptr;
+}
 
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
   Dl_info info = {};

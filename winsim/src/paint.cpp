@@ -4,12 +4,6 @@
 using namespace winsim;
 
 BOOL WINAPI InvalidateRect(HWND handle, const RECT*, BOOL) {
-  if (!handle) {
-    for (HWND window : AllWindows()) {
-      FindWindow(window)->invalid = true;
-    }
-    return TRUE;
-  }
   Window* window = FindWindow(handle);
   if (!window) {
     SetLastError(ERROR_INVALID_WINDOW_HANDLE);

@@ -48,12 +48,9 @@ std::u16string ExtensionOf(const std::u16string& name) {
   return inName ? ToLower(name.substr(dot)) : u"";
 }
 
-// Files without an ending share the first icon, folders have the second.
-int IconFor(const std::u16string& name, DWORD attributes) {
+// Files without an ending share the first icon.
+int IconFor(const std::u16string& name) {
   static std::map<std::u16string, int> known = {{u"", 0}};
-  if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
-    return 1;
-  }
   const auto [entry, added] = known.emplace(ExtensionOf(name), 0);
   if (added) {
     entry->second = ImageList_GetImageCount(SystemList());
@@ -67,8 +64,7 @@ int IconFor(const std::u16string& name, DWORD attributes) {
 
 using namespace winsim;
 
-DWORD_PTR WINAPI SHGetFileInfoW(LPCWSTR path, DWORD attributes, SHFILEINFOW* info, UINT,
-                                UINT flags) {
+DWORD_PTR WINAPI SHGetFileInfoW(LPCWSTR path, DWORD, SHFILEINFOW* info, UINT, UINT flags) {
   if (!path || !info) {
     return 0;
   }
@@ -76,11 +72,8 @@ DWORD_PTR WINAPI SHGetFileInfoW(LPCWSTR path, DWORD attributes, SHFILEINFOW* inf
     return 0;
   }
   *info = {};
-  if (flags & (SHGFI_SYSICONINDEX | SHGFI_ICON)) {
-    info->iIcon = IconFor(path, attributes);
-  }
-  if (flags & SHGFI_ICON) {
-    info->hIcon = ImageList_GetIcon(SystemList(), info->iIcon, 0);
+  if (flags & SHGFI_SYSICONINDEX) {
+    info->iIcon = IconFor(path);
   }
   return (flags & SHGFI_SYSICONINDEX) ? reinterpret_cast<DWORD_PTR>(SystemList()) : 1;
 }

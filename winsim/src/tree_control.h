@@ -59,7 +59,7 @@ class TreeControl : public Control, public LabelEditOwner {
   LRESULT Delete(HTREEITEM handle);
   void DeleteBranch(HTREEITEM handle);
   void DeleteAll();
-  void Link(TreeItem* item, TreeItem* parent, HTREEITEM after);
+  void Link(TreeItem* item, TreeItem* parent);
   void Unlink(TreeItem* item);
   LRESULT NextItem(WPARAM relation, HTREEITEM handle);
   void Store(TreeItem* item, const TVITEMW& values);
@@ -120,7 +120,6 @@ class TreeControl : public Control, public LabelEditOwner {
   TreeItem root_;
   HTREEITEM caret_ = nullptr;
   HTREEITEM firstVisible_ = nullptr;
-  HTREEITEM pendingScroll_ = nullptr;  // of a big tree, until its rows are written down again
   std::vector<TreeItem*> rows_;
   int widest_ = 0;
   int scrollX_ = 0;

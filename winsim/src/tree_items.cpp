@@ -44,7 +44,7 @@ LRESULT TreeControl::Insert(const TVINSERTSTRUCTW& insert) {
   if ((Style() & TVS_CHECKBOXES) && !(item->state & TVIS_STATEIMAGEMASK)) {
     item->state |= 0x1000;
   }
-  Link(item, parent, insert.hInsertAfter);
+  Link(item, parent);
   items_.emplace(item->handle, std::move(owned));
   if (!firstVisible_) {
     firstVisible_ = item->handle;
@@ -71,19 +71,13 @@ void TreeControl::Store(TreeItem* item, const TVITEMW& values) {
   }
 }
 
-void TreeControl::Link(TreeItem* item, TreeItem* parent, HTREEITEM after) {
-  TreeItem* before = parent->lastChild;
-  if (after == TVI_FIRST) {
-    before = nullptr;
-  } else if (TreeItem* named = Find(after); named && named->parent == parent) {
-    before = named;
-  }
+// Every item comes last below its parent.
+void TreeControl::Link(TreeItem* item, TreeItem* parent) {
   item->parent = parent;
   item->level = parent->level + 1;
-  item->previous = before;
-  item->next = before ? before->next : parent->firstChild;
-  (before ? before->next : parent->firstChild) = item;
-  (item->next ? item->next->previous : parent->lastChild) = item;
+  item->previous = parent->lastChild;
+  (item->previous ? item->previous->next : parent->firstChild) = item;
+  parent->lastChild = item;
 }
 
 void TreeControl::Unlink(TreeItem* item) {
@@ -194,7 +188,6 @@ void TreeControl::DeleteAll() {
   }
   caret_ = nullptr;
   firstVisible_ = nullptr;
-  pendingScroll_ = nullptr;
   scrollX_ = 0;
 }
 

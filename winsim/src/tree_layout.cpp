@@ -7,12 +7,6 @@
 #include "tree_control.h"
 
 namespace winsim {
-namespace {
-
-// Above this many items a scroll waits until somebody looks, since finding a row costs a walk.
-constexpr std::size_t kManyItems = 2000;
-
-}  // namespace
 
 TreeItem* TreeControl::VisibleAfter(TreeItem* item) {
   if ((item->state & TVIS_EXPANDED) && item->firstChild) {
@@ -81,9 +75,6 @@ void TreeControl::WriteRows() {
   }
   if (!Find(firstVisible_) && !rows_.empty()) {
     firstVisible_ = rows_.front()->handle;
-  }
-  if (const HTREEITEM waiting = std::exchange(pendingScroll_, nullptr)) {
-    ScrollIntoView(waiting, false);
   }
 }
 
@@ -172,10 +163,6 @@ void TreeControl::ScrollTo(int firstRow) {
 
 // True if the rows moved.
 bool TreeControl::ScrollIntoView(HTREEITEM handle, bool sideways) {
-  if (rowsStale_ && items_.size() > kManyItems && !sideways) {
-    pendingScroll_ = handle;
-    return false;
-  }
   WriteRows();
   const TreeItem* item = Find(handle);
   if (!item || !IsShown(item)) {
@@ -209,10 +196,6 @@ bool TreeControl::ScrollIntoView(HTREEITEM handle, bool sideways) {
 void TreeControl::ScrollBranchIntoView(HTREEITEM handle) {
   const TreeItem* item = Find(handle);
   if (!item || !IsShown(item)) {
-    return;
-  }
-  if (items_.size() > kManyItems) {
-    pendingScroll_ = handle;
     return;
   }
   WriteRows();

@@ -204,8 +204,6 @@ LONG_PTR WINAPI GetWindowLongPtrW(HWND handle, int index) {
     return 0;
   }
   switch (index) {
-    case GWLP_WNDPROC:
-      return reinterpret_cast<LONG_PTR>(window->procedure);
     case GWL_STYLE:
       SettleLayout(handle);
       return static_cast<LONG_PTR>(window->style);

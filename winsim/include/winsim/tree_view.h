@@ -40,7 +40,6 @@ using HTREEITEM = _TREEITEM*;
 
 #define WINSIM_TREEITEM(value) (reinterpret_cast<HTREEITEM>(static_cast<LONG_PTR>(value)))
 #define TVI_ROOT WINSIM_TREEITEM(-0x10000)
-#define TVI_FIRST WINSIM_TREEITEM(-0x0FFFF)
 #define TVI_LAST WINSIM_TREEITEM(-0x0FFFE)
 
 #define TVE_COLLAPSE 0x0001
