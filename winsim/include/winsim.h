@@ -14,6 +14,7 @@ namespace winsim {
 struct Counts {
   int windows;
   int menus;
+  int imageLists;
   int globalBlocks;
   int taskBlocks;  // of IMalloc
   int interfaces;  // folders and menu objects of the stand-in's shell

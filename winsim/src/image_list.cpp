@@ -53,6 +53,11 @@ HIMAGELIST MakePermanentList(int width, int height) {
   return list;
 }
 
+int CountImageLists() {
+  return static_cast<int>(std::count_if(
+      Lists().begin(), Lists().end(), [](const auto& entry) { return !entry.second->permanent; }));
+}
+
 }  // namespace winsim
 
 using namespace winsim;

@@ -22,5 +22,6 @@ const Image* IconImage(HICON icon);
 
 // An image list of the shell's, which no program may destroy.
 HIMAGELIST MakePermanentList(int width, int height);
+int CountImageLists();
 
 }  // namespace winsim

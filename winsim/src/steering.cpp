@@ -1,6 +1,7 @@
 // What tests ask of the stand-in as a whole.
 #include <winsim.h>
 
+#include "image_list.h"
 #include "keyboard.h"
 #include "memory.h"
 #include "menu.h"
@@ -15,6 +16,7 @@ Counts CountLive() {
   Counts counts = {};
   counts.windows = CountWindows();
   counts.menus = CountMenus();
+  counts.imageLists = CountImageLists();
   counts.globalBlocks = CountGlobalBlocks();
   counts.taskBlocks = CountTaskBlocks();
   counts.interfaces = CountInterfaces();
