@@ -47,7 +47,7 @@ class TreeContract : public ContractTest {
     insert.hInsertAfter = TVI_LAST;
     insert.item.mask = TVIF_TEXT | TVIF_PARAM | (box ? TVIF_STATE : 0U);
     insert.item.pszText = text;
-    insert.item.lParam = name;
+    insert.item.lParam = static_cast<unsigned char>(name);
     insert.item.state = box << 12;
     insert.item.stateMask = TVIS_STATEIMAGEMASK;
     return reinterpret_cast<HTREEITEM>(SendRecord(TVM_INSERTITEMW, 0, &insert));

@@ -14,6 +14,16 @@ constexpr DWORD CHILD = 0x50000000;  // WS_CHILD and WS_VISIBLE
 constexpr DWORD STYLE = 0x50008041;
 constexpr DWORD LIST_STYLE = 0x4022;
 
+int handedOn = 0;
+
+LRESULT WINAPI CountHandedOn(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
+                             LPARAM lParam) {
+  ++handedOn;
+  return CallWindowProcW(procedure, window, message, wParam, lParam);
+}
+
+BOOL WINAPI NotUnicode(HWND) { return FALSE; }
+
 class ListCreateTest : public ListTest {
  protected:
   static DWORD StyleOf(HWND window) {
@@ -144,6 +154,24 @@ TEST_F(ListCreateTest, TheClientsColumnsAreItsOwn) {
   EXPECT_EQ(ColumnCount(), 1);
   view->Move(0, 0, 120, 100);
   EXPECT_EQ(ColumnWidth(), ClientRect().right);
+}
+
+// A control of the other character set has a procedure that only the platform can call.
+TEST_F(ListCreateTest, MessagesGoByThePlatformToAControlThatIsNotUnicode) {
+  {
+    const ImportPatch patch("IsWindowUnicode", &NotUnicode);
+    Open();
+  }
+  const ImportPatch patch("CallWindowProcW", &CountHandedOn);
+  handedOn = 0;
+  AddRows(1);
+  EXPECT_GT(handedOn, 0);
+  EXPECT_EQ(Text(0), TEXT("row"));
+  Open();
+  handedOn = 0;
+  AddRows(1);
+  EXPECT_EQ(handedOn, 0) << "a detour that every message would pay for";
+  EXPECT_EQ(Text(0), TEXT("row"));
 }
 
 }  // namespace

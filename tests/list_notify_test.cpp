@@ -27,16 +27,16 @@ class ListNotifyTest : public ListTest {};
 TEST_F(ListNotifyTest, OnlyTipsAndDragsMustComeFromTheControl) {
   struct {
     UINT code;
-    Lines heard;
     bool anyId;
+    Lines heard;
   } const cases[] = {
-      {LVN_GETINFOTIPW, {"InfoTip 1 0x0000"}, false},
-      {LVN_BEGINDRAG, {"Begin", "Changed 1", "End", "BeginDrag 1"}, false},
-      {LVN_COLUMNCLICK, {"ColumnClick 3"}, true},
-      {LVN_ITEMCHANGED, Brackets({1}), true},
-      {LVN_BEGINLABELEDITW, {"LabelEdit LVN_BEGINLABELEDITW"}, true},
-      {LVN_ENDLABELEDITW, {"LabelEdit LVN_ENDLABELEDITW"}, true},
-      {LVN_KEYDOWN, {}, true},
+      {LVN_GETINFOTIPW, false, {"InfoTip 1 0x0000"}},
+      {LVN_BEGINDRAG, false, {"Begin", "Changed 1", "End", "BeginDrag 1"}},
+      {LVN_COLUMNCLICK, true, {"ColumnClick 3"}},
+      {LVN_ITEMCHANGED, true, Brackets({1})},
+      {LVN_BEGINLABELEDITW, true, {"LabelEdit LVN_BEGINLABELEDITW"}},
+      {LVN_ENDLABELEDITW, true, {"LabelEdit LVN_ENDLABELEDITW"}},
+      {LVN_KEYDOWN, true, {}},
   };
   messagePosition = 0;
   const ImportPatch patch("GetMessagePos", &AnswerMessagePosition);
@@ -94,10 +94,10 @@ TEST_F(ListNotifyTest, TheTipIsTheClientsOwnMemory) {
   AddRows(3);
   const ImportPatch patch("GetMessagePos", &AnswerMessagePosition);
   struct {
-    bool answer;
     WCHAR* text;
     int length;
-  } const cases[] = {{true, own, 3}, {true, own, 0}, {true, nullptr, 0}, {false, own, 3}};
+    bool answer;
+  } const cases[] = {{own, 3, true}, {own, 0, true}, {nullptr, 0, true}, {own, 3, false}};
   for (const auto& c : cases) {
     client.onGetInfoTip = [&](ItemHandle, WCHAR** text, int* length) {
       *text = c.text;

@@ -77,6 +77,15 @@ TEST_P(ShellFlowTest, WithoutASelectionOrAClientNobodyIsAsked) {
   view->ClearSelection();
   client.Take();
   EXPECT_FALSE(view->ShowContextMenu(10, 20));
+  EXPECT_EQ(client.Take(), Lines());
+
+  // The client takes back what the drag selects.
+  client.onItemSelectionChanged = [this](ItemHandle) {
+    client.onItemSelectionChanged = nullptr;
+    view->ClearSelection();
+  };
+  BeginDrag(b);
+  for (const std::string& line : client.Take()) EXPECT_FALSE(line.starts_with("BeginDrag")) << line;
 
   view->SetItemSelected(a, true);
   client.Take();

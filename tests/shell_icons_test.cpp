@@ -23,7 +23,8 @@ constexpr std::uint32_t VIEWS[] = {0, QVLS_LISTVIEW};
 constexpr std::size_t LONGEST = 259;
 
 // Two characters for the platform, one for the reader.
-const Text PAIR = {static_cast<WCHAR>(0xD83D), static_cast<WCHAR>(0xDE00)};
+const Text PAIR = {static_cast<WCHAR>(0xD83D), static_cast<WCHAR>(0xDFFF)};
+const Text FULL_WIDTH = {static_cast<WCHAR>(0xFF21)};
 
 Text Repeat(std::size_t count) { return Text(count, TEXT('x')); }
 
@@ -114,6 +115,7 @@ TEST_F(ShellIcons, NamesAreAskedForAsTypeAndLengthSay) {
       {PAIR + Repeat(254) + TEXT(".c"), PAIR + Repeat(254) + TEXT(".c"),
        PAIR + Repeat(254) + TEXT(".c")},
       {PAIR + Repeat(256) + TEXT(".c"), Repeat(256) + TEXT(".c"), Repeat(256) + TEXT(".c")},
+      {TEXT("a") + FULL_WIDTH + Repeat(258), FULL_WIDTH + Repeat(258), FULL_WIDTH + Repeat(258)},
   };
   for (const std::uint32_t style : VIEWS) {
     Open(style);

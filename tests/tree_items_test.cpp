@@ -86,8 +86,9 @@ constexpr RecordRow RECORDS[] = {
     {"state image", 3, false, false, -1, 63, 0x3000},
     {"state image too large", 0x15, false, false, -1, 63, 0x15000},
     {"negative state image", -2, false, false, -1, 63, 0xFFFFE000},
-    {"bold", 0, true, false, -1, 63, 0x10},
+    {"bold", 2, true, false, -1, 63, 0x2010},
     {"cut", 1, false, true, -1, 63, 0x1004},
+    {"bold and cut", 0, true, true, -1, 63, 0x14},
 };
 
 TEST_F(TreeItems, RecordBecomesANativeItem) {

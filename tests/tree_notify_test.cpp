@@ -3,6 +3,10 @@
 
 namespace {
 
+// The answer of default handling, told from every answer of the view.
+constexpr LRESULT DEFAULT_ANSWER = 55;
+LRESULT WINAPI AnswerByDefault(HWND, UINT, WPARAM, LPARAM) { return DEFAULT_ANSWER; }
+
 class TreeNotifyTest : public TreeTest {
  protected:
   void SetUp() override {
@@ -62,6 +66,7 @@ TEST_F(TreeNotifyTest, TheSendersIdDecidesWhatIsHeard) {
   control = view->Create(host, ID, 0, 0, WIDTH, HEIGHT, 0, nullptr);
   const ItemHandle item = Insert(TEXT("T"));
   const UINT codes[] = {TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW, TVN_GETINFOTIPW, TVN_BEGINDRAGW};
+  const ImportPatch patch("DefWindowProcW", &AnswerByDefault);
   client.Take();
   for (const int id : {5, -6}) {
     for (const bool answer : {false, true}) {
@@ -73,7 +78,7 @@ TEST_F(TreeNotifyTest, TheSendersIdDecidesWhatIsHeard) {
     for (const UINT code : codes) NotifyOf(item, code, id);
     EXPECT_EQ(Heard(), "") << id;
   }
-  NotifyOf(item, TVN_SELCHANGEDW, ID);
+  EXPECT_EQ(NotifyOf(item, TVN_SELCHANGEDW, ID), DEFAULT_ANSWER);
   NotifyOf(0, TVN_SELCHANGEDW, ID);
   NotifyOf(item, TVN_ITEMEXPANDEDW, ID);
   for (const UINT code : {TVN_SELCHANGINGW, TVN_ITEMEXPANDINGW, TVN_KEYDOWN}) {
@@ -81,7 +86,7 @@ TEST_F(TreeNotifyTest, TheSendersIdDecidesWhatIsHeard) {
   }
   EXPECT_EQ(Heard(), "T 0 Expanded T");
   view->SetClient(nullptr);
-  for (const UINT code : codes) NotifyOf(item, code, ID);
+  for (const UINT code : codes) EXPECT_EQ(NotifyOf(item, code, ID), DEFAULT_ANSWER);
   RequestMenu(LabelPoint(item));
   EXPECT_EQ(Heard(), "") << "without a client";
   EXPECT_EQ(Selected(), "");

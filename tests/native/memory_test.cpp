@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
+#include <commctrl.h>
+#include <winsim.h>
+
 #include <new>
 #include <string>
 
@@ -75,6 +80,20 @@ TEST_F(Memory, ListThatCannotGrowKeepsWhatItHas) {
       EXPECT_EQ(items, ItemHandleList(all.begin(), all.begin() + kept[number - 1]));
     }
   }
+}
+
+// Neither control frees the images of its boxes; a list that the host gave stays the host's.
+TEST_F(Memory, ImagesOfTheCheckBoxesGoWithTheView) {
+  const HIMAGELIST own = ImageList_Create(16, 16, ILC_COLOR32, 1, 1);
+  const int before = winsim::CountLive().imageLists;
+  for (const std::uint32_t style : {std::uint32_t{0}, QVLS_LISTVIEW}) {
+    ASSERT_NE(CreateView(style | QVLS_CHECKBOXES), nullptr);
+    EXPECT_EQ(winsim::CountLive().imageLists, before + 1);
+    view->SetStateImageList(own);
+    view->Destroy();
+    EXPECT_EQ(winsim::CountLive().imageLists, before);
+  }
+  ImageList_Destroy(own);
 }
 
 }  // namespace

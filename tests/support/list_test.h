@@ -30,8 +30,8 @@ class ListTest : public HostTest {
   }
 
   // From now on, lists get columns of these widths from the client.
-  void UseClientColumns(std::vector<int> widths) {
-    client.onCreateColumns = [=](HWND list, RECT*) {
+  void UseClientColumns(const std::vector<int>& widths) {
+    client.onCreateColumns = [widths](HWND list, RECT*) {
       LVCOLUMNW column = {};
       column.mask = LVCF_WIDTH | LVCF_SUBITEM;
       for (const int width : widths) {
