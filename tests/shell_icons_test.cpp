@@ -69,7 +69,7 @@ class ShellIcons : public HostTest {
   // The one name that the shell was asked for since the last call.
   Text TakeName() {
     EXPECT_EQ(icons.asked.size(), 1u);
-    const Text name = icons.asked.empty() ? Text() : icons.asked[0];
+    Text name = icons.asked.empty() ? Text() : icons.asked[0];
     icons.asked.clear();
     return name;
   }

@@ -10,12 +10,13 @@ namespace {
 FakeIcons* current = nullptr;
 
 constexpr int SIDE = 16;
+constexpr std::size_t AREA = std::size_t{SIDE} * SIDE;
 
 using Pixels = std::vector<std::uint32_t>;
 
 HICON MakeIcon(std::uint32_t color) {
-  const Pixels pixels(SIDE * SIDE, 0xFF000000 | color);
-  const std::vector<BYTE> shown(SIDE * SIDE / 8, 0);
+  const Pixels pixels(AREA, 0xFF000000 | color);
+  const std::vector<BYTE> shown(AREA / 8, 0);
   ICONINFO parts = {};
   parts.fIcon = TRUE;
   parts.hbmColor = CreateBitmap(SIDE, SIDE, 1, 32, pixels.data());
@@ -26,7 +27,7 @@ HICON MakeIcon(std::uint32_t color) {
   return icon;
 }
 
-constexpr auto BYTES = static_cast<LONG>(SIDE * SIDE * sizeof(std::uint32_t));
+constexpr auto BYTES = static_cast<LONG>(AREA * sizeof(std::uint32_t));
 
 // The mask comes with one bit for each pixel, in rows of two bytes, or with as many as a colour.
 bool IsMasked(const Pixels& mask, LONG bytes, std::size_t pixel) {
@@ -36,11 +37,11 @@ bool IsMasked(const Pixels& mask, LONG bytes, std::size_t pixel) {
 
 // The colours of an image, with all of alpha where it is opaque and none elsewhere.
 Pixels Read(HIMAGELIST list, int index) {
-  Pixels pixels(SIDE * SIDE);
+  Pixels pixels(AREA);
   const HICON icon = ImageList_GetIcon(list, index, ILD_NORMAL);
   ICONINFO parts = {};
   if (GetIconInfo(icon, &parts)) {
-    Pixels mask(SIDE * SIDE);
+    Pixels mask(AREA);
     GetBitmapBits(parts.hbmColor, BYTES, pixels.data());
     const LONG bytes = GetBitmapBits(parts.hbmMask, BYTES, mask.data());
     const bool alpha =
@@ -104,7 +105,7 @@ DWORD_PTR WINAPI FakeIcons::Answer(LPCWSTR name, DWORD attributes, SHFILEINFOW* 
   EXPECT_EQ(attributes, 128u);
   EXPECT_EQ(size, sizeof(SHFILEINFOW));
   EXPECT_EQ(flags, 0x4011u);
-  current->asked.push_back(name);
+  current->asked.emplace_back(name);
   current->onQuestion();
   info->iIcon = current->index;
   return current->refuses ? 0 : reinterpret_cast<DWORD_PTR>(current->list);
