@@ -84,7 +84,7 @@ class Folder final : public IShellFolder {
   HRESULT STDMETHODCALLTYPE ParseDisplayName(HWND, IBindCtx*, LPWSTR name, ULONG*, ITEMIDLIST** id,
                                              ULONG*) override {
     *id = nullptr;
-    const Path parts = SplitPath(name ? name : u"");
+    const Path parts = SplitPath(name);
     if (parts.empty() || !ShellFileExists(name)) {
       return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     }
