@@ -74,7 +74,11 @@ class ListEndingTest : public ListTest {
     client.onEndSelectionChange = call;
     client.onCreateColumns = call;
     client.onGetInfoTip = call;
-    client.onLabelEdit = call;
+    // An edit begins, and its text is taken.
+    client.onLabelEdit = [=](NMHDR*, std::uint32_t code) {
+      called();
+      return code == LVN_ENDLABELEDITW;
+    };
     client.onColumnClick = call;
     client.onContextMenu = call;
     client.onBeginDrag = call;
