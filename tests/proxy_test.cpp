@@ -101,6 +101,8 @@ BOOL WINAPI ReportThenDestroy(HWND window) {
   return DestroyWindow(window);
 }
 
+BOOL WINAPI RefuseToDestroy(HWND) { return FALSE; }
+
 class Proxy : public HostTest {
  protected:
   void ExpectAnswers(std::int64_t Answer::*column) {
@@ -233,6 +235,25 @@ TEST_F(Proxy, ReleaseAfterTheHostsWindowOrOfNothing) {
   EXPECT_FALSE(view->DeleteItem(1));
   ReleaseView();
   ReleaseIQVLTreeView(nullptr);
+}
+
+TEST_F(Proxy, WindowsThatThePlatformKeepsNoLongerFindTheirView) {
+  for (const std::uint32_t style : BOTH_TYPES) {
+    const HWND control = CreateView(style);
+    ASSERT_NE(control, nullptr);
+    Insert(TEXT("a"));
+    {
+      const ImportPatch patch("DestroyWindow", &RefuseToDestroy);
+      ReleaseView();
+    }
+    client.Take();
+    SendMessageW(GetParent(control), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
+    SendMessageW(control, WM_KEYDOWN, VK_DOWN, 1);
+    SendMessageW(control, WM_SETREDRAW, TRUE, 0);
+    EXPECT_EQ(client.Take(), Lines());
+    DestroyWindow(GetParent(control));
+    view = client.view = GetIQVLTreeView();
+  }
 }
 
 TEST_F(Proxy, OperationThatACallbackEndsTheViewInFails) {
