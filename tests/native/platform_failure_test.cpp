@@ -37,6 +37,7 @@ constexpr PlatformCall CALLS[] = {
     {"GlobalAlloc", PatchToFail<&GlobalAlloc, nullptr>},
     {"GlobalLock", PatchToFail<&GlobalLock, nullptr>},
     {"InvalidateRect", PatchToFail<&InvalidateRect, FALSE>},
+    {"IsWindowUnicode", PatchToFail<&IsWindowUnicode, FALSE>},
     {"LoadCursorW", PatchToFail<&LoadCursorW, nullptr>},
     {"MoveWindow", PatchToFail<&MoveWindow, FALSE>},
     {"RegisterClassW", PatchToFail<&RegisterClassW, 0>},
