@@ -67,7 +67,7 @@ Pair::~Pair() {
 
 std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rounds) {
   std::vector<std::vector<double>> bareTimes(steps.size());
-  std::vector<std::vector<double>> libraryTimes(steps.size());
+  std::vector<std::vector<double>> viewTimes(steps.size());
   for (int round = 0; round < rounds; ++round) {
     for (std::size_t i = 0; i < steps.size(); ++i) {
       const bool bareFirst = (round + static_cast<int>(i)) % 2 == 0;
@@ -75,14 +75,14 @@ std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rou
       Side& second = bareFirst ? *library : *bare;
       const auto [firstTime, secondTime] = Time(steps[i], first, second, size);
       bareTimes[i].push_back(bareFirst ? firstTime : secondTime);
-      libraryTimes[i].push_back(bareFirst ? secondTime : firstTime);
+      viewTimes[i].push_back(bareFirst ? secondTime : firstTime);
     }
   }
   std::vector<Figure> figures;
   for (std::size_t i = 0; i < steps.size(); ++i) {
     if (!steps[i].measured) continue;
-    figures.push_back({kind, steps[i].operation, size, Median(bareTimes[i]),
-                       Median(libraryTimes[i]), Median(Ratios(libraryTimes[i], bareTimes[i]))});
+    figures.push_back({kind, steps[i].operation, size, Median(bareTimes[i]), Median(viewTimes[i]),
+                       Median(Ratios(viewTimes[i], bareTimes[i]))});
   }
   return figures;
 }

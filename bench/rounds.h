@@ -24,7 +24,7 @@ struct Figure {
   std::string operation;
   int size;
   double bareTime;
-  double libraryTime;
+  double viewTime;
   double ratio;
 };
 

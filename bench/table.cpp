@@ -30,7 +30,7 @@ std::string WithSeparator(int number) {
 std::string Growth(const Figure& before, const Figure& figure) {
   if (before.operation != figure.operation) return "";
   char text[16];
-  std::snprintf(text, sizeof text, "%.2f", figure.libraryTime / before.libraryTime);
+  std::snprintf(text, sizeof text, "%.2f", figure.viewTime / before.viewTime);
   return text;
 }
 
@@ -46,8 +46,8 @@ void PrintTable(const char* title, const std::vector<Figure>& figures) {
   for (std::size_t i = 0; i < sorted.size(); ++i) {
     const Figure& figure = sorted[i];
     std::printf("| %-42s | %7s | %9.3f | %9.3f | %5.2f | %6s |\n", figure.operation.c_str(),
-                WithSeparator(figure.size).c_str(), figure.bareTime, figure.libraryTime,
-                figure.ratio, i ? Growth(sorted[i - 1], figure).c_str() : "");
+                WithSeparator(figure.size).c_str(), figure.bareTime, figure.viewTime, figure.ratio,
+                i ? Growth(sorted[i - 1], figure).c_str() : "");
   }
   std::printf("\n");
   std::fflush(stdout);

@@ -122,6 +122,42 @@ TEST_F(ListNotifyTest, TheTipIsTheClientsOwnMemory) {
   EXPECT_EQ(SelectedRows(), ItemHandleList());
 }
 
+TEST_F(ListNotifyTest, ALabelEditAsksTheClientAtBothEnds) {
+  QVLTreeViewStyleExt editable;
+  editable.SetStyle(LVS_EDITLABELS);
+  Open(0, &editable);
+  AddRows(1);
+  // An edit of a row without these brings them along.
+  SetState(0, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
+  const std::string begun = "LabelEdit LVN_BEGINLABELEDITW";
+  const Lines whole = {begun, "LabelEdit LVN_ENDLABELEDITW"};
+  struct {
+    bool refuse;
+    bool accept;
+    const WCHAR* textAfter;
+    Lines heard;
+  } const cases[] = {
+      {true, true, TEXT("row"), {begun}},
+      {false, false, TEXT("row"), whole},
+      {false, true, TEXT("new"), {whole[0], whole[1], "Begin", "Changed 0", "End"}},
+  };
+  for (const auto& c : cases) {
+    client.onLabelEdit = [&](NMHDR*, std::uint32_t code) {
+      return code == LVN_BEGINLABELEDITW ? c.refuse : c.accept;
+    };
+    SetFocus(control);
+    client.Take();
+    const auto edit = reinterpret_cast<HWND>(Ask(LVM_EDITLABELW, 0));
+    EXPECT_EQ(edit == nullptr, c.refuse);
+    if (edit) {
+      SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(TEXT("new")));
+      SendMessageW(edit, WM_KEYDOWN, VK_RETURN, 0);
+    }
+    EXPECT_EQ(client.Take(), c.heard);
+    EXPECT_EQ(Text(0), c.textAfter);
+  }
+}
+
 TEST_F(ListNotifyTest, AClientThatTakesOverInsideABracketHearsNothingOfIt) {
   Open();
   AddRows(1);
