@@ -2,6 +2,6 @@
 #include "fuzz/hostile_host.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  HostileHost(data, size).Play();
+  PlayHostileHost(data, size);
   return 0;
 }

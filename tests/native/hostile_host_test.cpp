@@ -13,7 +13,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-void Play(const Bytes& bytes) { HostileHost(bytes.data(), bytes.size()).Play(); }
+void Play(const Bytes& bytes) { PlayHostileHost(bytes.data(), bytes.size()); }
 
 TEST(HostileHost, FindingsStayMended) {
   int played = 0;

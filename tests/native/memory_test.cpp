@@ -1,5 +1,5 @@
 // What the library does when memory ends. Only the library's own allocations fail.
-#include "native/failure_points.h"
+#include "native/scarce_memory.h"
 
 #include <gtest/gtest.h>
 
@@ -8,32 +8,12 @@
 #include <commctrl.h>
 #include <winsim.h>
 
-#include <new>
 #include <string>
 
 #include "qvl.h"
 #include "support/host_window.h"
 
 namespace {
-
-// Lets the library's allocation of that number fail, from 1, for the life of the object.
-class ScarceMemory {
- public:
-  explicit ScarceMemory(int number = 1) { FailurePoint::Arm(number); }
-  ~ScarceMemory() { FailurePoint::Disarm(); }
-
- private:
-  static void* New(std::size_t size) {
-    if (FailurePoint::Fails()) throw std::bad_alloc();
-    return ::operator new(size);
-  }
-  static void* NewOrNull(std::size_t size, const std::nothrow_t& tag) {
-    return FailurePoint::Fails() ? nullptr : ::operator new(size, tag);
-  }
-
-  ImportPatch news{"_Znwm", &New};
-  ImportPatch quietNews{"_ZnwmRKSt9nothrow_t", &NewOrNull};
-};
 
 class Memory : public HostTest {};
 

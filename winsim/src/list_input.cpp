@@ -36,7 +36,7 @@ void ListControl::NotifyDrag(UINT code, int row, POINT point) {
 }
 
 // On a box the press ticks and nothing more. Elsewhere it selects; a row that is selected already
-// waits for the button to come up, since a drag may begin.
+// waits for the button to come up on it, be it after a drag.
 LRESULT ListControl::LeftButtonDown(WPARAM keys, LPARAM lParam) {
   NotifySimple(NM_RELEASEDCAPTURE);
   if (Gone()) {
@@ -93,7 +93,8 @@ LRESULT ListControl::LeftButtonUp(LPARAM lParam) {
   }
   pressPoint_ = {-1, -1};
   NotifyClick(NM_CLICK, lParam);
-  if (wasPressed && !Gone() && IsRow(row)) {
+  LVHITTESTINFO hit = HitInfo(lParam);
+  if (!Gone() && IsRow(row) && HitTest(&hit) == row) {
     SelectOnly(row);
   }
   return 0;

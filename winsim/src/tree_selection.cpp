@@ -90,14 +90,16 @@ bool TreeControl::ExpandMessage(WPARAM action, HTREEITEM handle) {
   }
 }
 
-// By message the parent hears of an item's first expansion alone, by the user's hand of each.
+// By message the parent hears of an item's first expansion alone, by the user's hand of each. The
+// first one lasts until it has been told: another in the middle of it is told as well.
 bool TreeControl::Expand(HTREEITEM handle, bool byUser) {
   TreeItem* item = Find(handle);
   if (!item || !item->firstChild) {
     return false;
   }
   // A user's expansion is told again even if there is nothing left to expand.
-  if ((item->state & TVIS_EXPANDED) && !byUser) {
+  const UINT before = item->state & (TVIS_EXPANDED | TVIS_EXPANDEDONCE);
+  if (before == (TVIS_EXPANDED | TVIS_EXPANDEDONCE) && !byUser) {
     return true;
   }
   const bool tells = byUser || !(item->state & TVIS_EXPANDEDONCE);
@@ -121,14 +123,13 @@ bool TreeControl::Expand(HTREEITEM handle, bool byUser) {
   return true;
 }
 
-// A caret inside the branch goes to its head, of which the parent hears nothing.
+// By message nobody is told. A caret inside the branch goes to its head without a word too.
 bool TreeControl::Collapse(HTREEITEM handle, bool byUser) {
   TreeItem* item = Find(handle);
   if (!item || !item->firstChild || !(item->state & TVIS_EXPANDED)) {
     return false;
   }
-  const bool tells = byUser || !(item->state & TVIS_EXPANDEDONCE);
-  if (tells && NotifyItems(TVN_ITEMEXPANDINGW, TVE_COLLAPSE, nullptr, 0, handle, kExpansionMask)) {
+  if (byUser && NotifyItems(TVN_ITEMEXPANDINGW, TVE_COLLAPSE, nullptr, 0, handle, kExpansionMask)) {
     return false;
   }
   item = Find(handle);
@@ -137,7 +138,7 @@ bool TreeControl::Collapse(HTREEITEM handle, bool byUser) {
   }
   item->state &= ~static_cast<UINT>(TVIS_EXPANDED);
   rowsStale_ = barsStale_ = true;
-  if (tells) {
+  if (byUser) {
     NotifyItems(TVN_ITEMEXPANDEDW, TVE_COLLAPSE, nullptr, 0, handle, kExpansionMask);
     item = Find(handle);
   }
