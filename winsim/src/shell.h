@@ -10,6 +10,37 @@ namespace winsim {
 int CountInterfaces();
 int& LiveInterfaces();
 
+// A folder or a menu object, which ends with its last reference.
+template <class Interface>
+class ShellObject : public Interface {
+ public:
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
+    const bool known = riid == IID_IUnknown || Is(riid);
+    *object = known ? static_cast<Interface*>(this) : nullptr;
+    if (known) {
+      AddRef();
+    }
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0) {
+      delete this;
+    }
+    return left;
+  }
+
+ protected:
+  ShellObject() { ++LiveInterfaces(); }
+  virtual ~ShellObject() { --LiveInterfaces(); }
+
+ private:
+  virtual bool Is(REFIID riid) const = 0;
+
+  ULONG references_ = 1;
+};
+
 IContextMenu* MakeShellMenu();
 void ForgetShellFiles();
 

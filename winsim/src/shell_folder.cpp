@@ -60,27 +60,8 @@ USHORT SizeOfId(const BYTE* id) {
   return size;
 }
 
-class Folder final : public IShellFolder {
+class Folder final : public ShellObject<IShellFolder> {
  public:
-  Folder() { ++LiveInterfaces(); }
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
-    const bool known = riid == IID_IUnknown || riid == IID_IShellFolder;
-    *object = known ? this : nullptr;
-    if (known) {
-      AddRef();
-    }
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
-
   HRESULT STDMETHODCALLTYPE ParseDisplayName(HWND, IBindCtx*, LPWSTR name, ULONG*, ITEMIDLIST** id,
                                              ULONG*) override {
     *id = nullptr;
@@ -126,9 +107,7 @@ class Folder final : public IShellFolder {
   }
 
  private:
-  ~Folder() { --LiveInterfaces(); }
-
-  ULONG references_ = 1;
+  bool Is(REFIID riid) const override { return riid == IID_IShellFolder; }
 };
 
 }  // namespace

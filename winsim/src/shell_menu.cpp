@@ -5,30 +5,8 @@
 namespace winsim {
 namespace {
 
-class ShellMenu final : public IContextMenu2 {
+class ShellMenu final : public ShellObject<IContextMenu2> {
  public:
-  ShellMenu() { ++LiveInterfaces(); }
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
-    const bool known =
-        riid == IID_IUnknown || riid == IID_IContextMenu || riid == IID_IContextMenu2;
-    *object = known ? static_cast<IContextMenu2*>(this) : nullptr;
-    if (known) {
-      AddRef();
-    }
-    return known ? S_OK : E_NOINTERFACE;
-  }
-
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
-
   HRESULT STDMETHODCALLTYPE QueryContextMenu(HMENU menu, UINT, UINT first, UINT last,
                                              UINT) override {
     if (last < first + 1) {
@@ -47,9 +25,9 @@ class ShellMenu final : public IContextMenu2 {
   HRESULT STDMETHODCALLTYPE HandleMenuMsg(UINT, WPARAM, LPARAM) override { return S_OK; }
 
  private:
-  ~ShellMenu() { --LiveInterfaces(); }
-
-  ULONG references_ = 1;
+  bool Is(REFIID riid) const override {
+    return riid == IID_IContextMenu || riid == IID_IContextMenu2;
+  }
 };
 
 }  // namespace
