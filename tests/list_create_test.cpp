@@ -1,4 +1,4 @@
-// The list's windows: their styles and places, and their columns.
+// The list's columns, and the way of its messages.
 
 #include <windows.h>
 
@@ -9,10 +9,6 @@
 #include "support/sent_messages.h"
 
 namespace {
-
-constexpr DWORD CHILD = 0x50000000;  // WS_CHILD and WS_VISIBLE
-constexpr DWORD STYLE = 0x50008041;
-constexpr DWORD LIST_STYLE = 0x4022;
 
 int handedOn = 0;
 
@@ -26,72 +22,10 @@ BOOL WINAPI NotUnicode(HWND) { return FALSE; }
 
 class ListCreateTest : public ListTest {
  protected:
-  static DWORD StyleOf(HWND window) {
-    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
-  }
-  static DWORD ExStyleOf(HWND window) {
-    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE));
-  }
-  static std::basic_string<WCHAR> ClassOf(HWND window) {
-    WCHAR name[100] = {};
-    GetClassNameW(window, name, 100);
-    return name;
-  }
-  LRESULT ListStyle() const { return Ask(LVM_GETEXTENDEDLISTVIEWSTYLE); }
   LRESULT ColumnCount() const {
     return SendMessageW(reinterpret_cast<HWND>(Ask(LVM_GETHEADER)), HDM_GETITEMCOUNT, 0, 0);
   }
 };
-
-TEST_F(ListCreateTest, EachFlagGivesItsStyles) {
-  struct {
-    std::uint32_t flags;
-    DWORD style;
-    DWORD listStyle;
-  } const cases[] = {
-      {0, STYLE, LIST_STYLE},
-      {QVLS_SHOWSELALWAYS, 0x50008049, LIST_STYLE},
-      {QVLS_BORDER, 0x50808041, LIST_STYLE},
-      {QVLS_CHECKBOXES, STYLE, 0x4026},
-      {QVLS_HASLINES, STYLE, 0x4023},
-      {QVLS_INFOTIP, STYLE, 0x4422},
-      {QVLS_NOCOLUMNHEADER, 0x5000C041, LIST_STYLE},
-      {QVLS_SINGLESEL, 0x50008045, LIST_STYLE},
-      {QVLS_SORTHEADER, 0x50000041, LIST_STYLE},
-      {QVLS_HASBUTTONS | QVLS_LINESATROOT | QVLS_NODRAGDROP, STYLE, LIST_STYLE},
-      {QVLS_EDITLABELS | QVLS_FULLROWSELECT | 0xFFFFC000, STYLE, LIST_STYLE},
-      {0x3FFF, 0x5080404D, 0x4427},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.flags);
-    SentMessages sent;
-    Open(c.flags);
-    EXPECT_EQ(StyleOf(parent), CHILD);
-    EXPECT_EQ(ExStyleOf(parent), 0u);
-    EXPECT_EQ(StyleOf(control), c.style);
-    EXPECT_EQ(ExStyleOf(control), 0x200u);
-    const auto styles = sent.Of(LVM_SETEXTENDEDLISTVIEWSTYLE);
-    ASSERT_EQ(styles.size(), 1u);
-    EXPECT_EQ(styles[0].wParam, c.listStyle);
-    EXPECT_EQ(ListStyle(), static_cast<LRESULT>(c.listStyle));
-    EXPECT_FALSE(view->GetMultiSelect());
-  }
-}
-
-TEST_F(ListCreateTest, TheStyleRecordAddsToTheThreeStylesOfTheListAlone) {
-  QVLTreeViewStyleExt styles;
-  styles.SetStyle(LVS_EDITLABELS | LVS_SHOWSELALWAYS);
-  styles.SetStyleEx(WS_EX_ACCEPTFILES);
-  styles.SetStyleExCtrl(LVS_EX_HEADERDRAGDROP);
-  Open(QVLS_CHECKBOXES, &styles);
-  EXPECT_EQ(StyleOf(control), STYLE | LVS_EDITLABELS | LVS_SHOWSELALWAYS);
-  EXPECT_EQ(ExStyleOf(control), 0x210u);
-  EXPECT_EQ(ListStyle(), 0x4036);
-  EXPECT_EQ(StyleOf(parent), CHILD);
-  EXPECT_EQ(ExStyleOf(parent), 0u);
-  EXPECT_EQ(ClassOf(parent), TEXT("QVLListViewParent"));
-  EXPECT_EQ(ClassOf(control), TEXT("SysListView32"));
-}
 
 TEST_F(ListCreateTest, TheDefaultColumnIsAsWideAsTheControlAndFollowsMove) {
   for (const bool listening : {false, true}) {

@@ -194,7 +194,7 @@ TEST_F(ListInsertTest, RecordsOnlySwitchMarksOn) {
       EXPECT_EQ(states.back().item.state, 2u);
       EXPECT_EQ(static_cast<int>(states.back().wParam), row);
       EXPECT_TRUE(view->UpdateItem(&plain, row));
-      EXPECT_EQ(StateImage(row), image);
+      EXPECT_EQ(BoxOf(row), image);
       EXPECT_TRUE(view->IsItemSelected(row));
     }
   }

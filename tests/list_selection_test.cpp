@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "support/fake_drag.h"
 #include "support/list_test.h"
 #include "support/sent_messages.h"
 
@@ -125,7 +126,7 @@ TEST_F(ListSelectionTest, AHitSelectsTheRowAloneUnlessItIsSelected) {
   Open();
   AddRows(4);
   const POINT second = LabelOnScreen(1);
-  const POINT below = OnScreen(60, 350);
+  const POINT below = ToScreen(OffPoint());
   struct {
     ItemHandleList before;
     const POINT* point;
@@ -149,6 +150,37 @@ TEST_F(ListSelectionTest, AHitSelectsTheRowAloneUnlessItIsSelected) {
     ASSERT_EQ(updates.size(), c.reported.empty() ? 0u : 1u);
     EXPECT_TRUE(updates.empty() || updates[0].wParam == 1);
   }
+}
+
+TEST_F(ListSelectionTest, AClientThatTakesOverInsideABracketHearsNothingOfIt) {
+  Open();
+  AddRows(1);
+  RecordingClient other;
+  other.view = view;
+  client.onBeginSelectionChange = [&] { view->SetClient(&other); };
+  view->SetItemSelected(0, true);
+  EXPECT_EQ(client.Take(), Lines{"Begin"});
+  EXPECT_EQ(other.Take(), Lines());
+  view->SetClient(nullptr);
+}
+
+TEST_F(ListSelectionTest, ADraggedRowJoinsTheSelection) {
+  const FakeDrag drag;
+  client.onBeginDrag = [](ItemHandleList*, FileNameList* files) {
+    files->push_back(TEXT("C:\\file"));
+    return true;
+  };
+  // Neither the flag nor the stored mode counts in a list.
+  Open(QVLS_NODRAGDROP);
+  view->SetMultiSelect(false);
+  AddRows(4);
+  view->SetItemSelected(3, true);
+  client.Take();
+  NotifyRow(LVN_BEGINDRAG, 3);
+  EXPECT_EQ(client.Take(), Lines{"BeginDrag 3"});
+  NotifyRow(LVN_BEGINDRAG, 1);
+  EXPECT_EQ(client.Take(), (Lines{"Begin", "Changed 1", "End", "BeginDrag 1 3"}));
+  EXPECT_EQ(drag.runs, 2);
 }
 
 class ListGrowthTest : public ListTest {};

@@ -1,4 +1,4 @@
-// Items of a tree: insertion, update, listing, navigation, expansion; and what the control shows.
+// Items of a tree: insertion, update, listing, navigation, expansion, scrolling.
 #include <functional>
 #include <iterator>
 #include <string>
@@ -32,15 +32,6 @@ int WINAPI NoteScrollInfo(HWND, int bar, const SCROLLINFO* info, BOOL redraw) {
   EXPECT_TRUE(redraw);
   scrollCalls.push_back({bar, info->cbSize, info->fMask, info->nPos});
   return 0;
-}
-
-int invalidations = 0;
-
-BOOL WINAPI NoteInvalidate(HWND, const RECT* rect, BOOL erase) {
-  EXPECT_EQ(rect, nullptr);
-  EXPECT_TRUE(erase);
-  ++invalidations;
-  return TRUE;
 }
 
 class TreeItems : public TreeTest {
@@ -212,27 +203,6 @@ TEST_F(TreeItems, NeighboursAreTheControlsOwn) {
   }
 }
 
-TEST_F(TreeItems, NoItemIsNotSpokenOfToTheControl) {
-  OpenWithBranches();
-  QVLTreeViewItem record;
-  SentMessages sent;
-  client.Take();
-  EXPECT_EQ(view->GetParentItem(-1), -1);
-  EXPECT_EQ(view->GetFirstChildItem(-1), -1);
-  EXPECT_EQ(view->GetNextSiblingItem(-1), -1);
-  EXPECT_FALSE(view->UpdateItem(&record, -1));
-  EXPECT_FALSE(view->DeleteItem(-1));
-  EXPECT_FALSE(view->IsItemExpanded(-1));
-  EXPECT_FALSE(view->IsItemSelected(-1));
-  EXPECT_FALSE(view->IsItemChecked(-1));
-  EXPECT_EQ(view->GetItemClientPtr(-1), 0);
-  EXPECT_EQ(view->GetItemClientPtr(0), 0);
-  view->SetItemSelected(-1, true);
-  view->SetItemChecked(-1, true);
-  EXPECT_TRUE(sent.all.empty());
-  EXPECT_EQ(Heard(), "");
-}
-
 // Whole handles and what else the view does not judge; of an answer that is no handle the low half.
 TEST_F(TreeItems, TheControlHearsEverythingElseAsItIs) {
   OpenWithBranches();
@@ -318,53 +288,6 @@ TEST_F(TreeItems, ScrollPositionsAreThoseOfTheBars) {
   }
   EXPECT_EQ(scrollCalls[6].position, -4);
   EXPECT_EQ(scrollCalls[7].position, 5);
-}
-
-TEST_F(TreeItems, ToolTipTakesWidthAndDelay) {
-  OpenEmpty(QVLS_INFOTIP);
-  const auto tip = reinterpret_cast<HWND>(Ask(TVM_GETTOOLTIPS));
-  view->SetToolTipWidth(123);
-  EXPECT_EQ(SendMessageW(tip, TTM_GETMAXTIPWIDTH, 0, 0), 123);
-  view->SetToolTipDelay(1234);
-  EXPECT_EQ(SendMessageW(tip, TTM_GETDELAYTIME, TTDT_INITIAL, 0), 1234);
-  SentMessages sent;
-  view->SetToolTipDelay(0x123456);
-  EXPECT_EQ(sent.all.back().wParam, static_cast<WPARAM>(TTDT_INITIAL));
-  EXPECT_EQ(sent.all.back().lParam, 0x3456);
-  sent.Forget();
-  sent.answers[TVM_GETTOOLTIPS] = 0;
-  view->SetToolTipWidth(1);
-  view->SetToolTipDelay(1);
-  EXPECT_EQ(sent.all.size(), 2u) << "a control without a tip is only asked";
-}
-
-TEST_F(TreeItems, ColoursAndImageListsGoToTheControl) {
-  OpenEmpty();
-  EXPECT_TRUE(view->SetBkColor(RGB(1, 2, 3)));
-  EXPECT_TRUE(view->SetTextColor(RGB(4, 5, 6)));
-  EXPECT_EQ(static_cast<COLORREF>(Ask(TVM_GETBKCOLOR)), RGB(1, 2, 3));
-  EXPECT_EQ(static_cast<COLORREF>(Ask(TVM_GETTEXTCOLOR)), RGB(4, 5, 6));
-  const HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR32, 1, 1);
-  for (const HIMAGELIST list : {images, HIMAGELIST{nullptr}}) {
-    EXPECT_TRUE(view->SetImageList(list));
-    EXPECT_EQ(Ask(TVM_GETIMAGELIST, TVSIL_NORMAL), reinterpret_cast<LRESULT>(list));
-    EXPECT_TRUE(view->SetStateImageList(list));
-    EXPECT_EQ(Ask(TVM_GETIMAGELIST, TVSIL_STATE), reinterpret_cast<LRESULT>(list));
-  }
-  ImageList_Destroy(images);
-}
-
-TEST_F(TreeItems, ShowHideAndRedrawActOnTheControlAlone) {
-  OpenEmpty();
-  view->Hide();
-  EXPECT_FALSE(IsWindowVisible(control));
-  EXPECT_TRUE(IsWindowVisible(GetParent(control)));
-  view->Show();
-  EXPECT_TRUE(IsWindowVisible(control));
-  const ImportPatch note("InvalidateRect", &NoteInvalidate);
-  invalidations = 0;
-  view->Redraw();
-  EXPECT_EQ(invalidations, 1);
 }
 
 }  // namespace

@@ -191,4 +191,27 @@ TEST_F(TreeSelectionTest, HitFlagsAreEmptyWhereNoItemLies) {
   EXPECT_EQ(Selected(), "PQ");
 }
 
+// The bracket of a drag's start; which items are dragged is what the client is then asked about.
+TEST_F(TreeSelectionTest, ADragTakesItsItemIntoTheSelection) {
+  struct Drag {
+    bool multiSelect;
+    char item;
+    const char* heard;
+    const char* after;
+  };
+  const Drag cases[] = {
+      {true, 'S', "B S E BeginDrag P R S", "P Q PRS"},
+      {true, 'R', "BeginDrag P R", "P Q PR"},
+      {false, 'S', "B S E BeginDrag R S", "S Q RS"},
+      {false, 'P', "B E BeginDrag P R", "P Q PR"},
+  };
+  for (const Drag& drag : cases) {
+    Given("P Q PR");
+    view->SetMultiSelect(drag.multiSelect);
+    NotifyOf(Item(drag.item), TVN_BEGINDRAGW);
+    EXPECT_EQ(Heard(), drag.heard);
+    EXPECT_EQ(State(), drag.after);
+  }
+}
+
 }  // namespace

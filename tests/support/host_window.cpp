@@ -1,9 +1,5 @@
 #include "support/host_window.h"
 
-#include <windows.h>
-
-#include <string>
-
 namespace {
 
 constexpr const WCHAR* HOST_CLASS = TEXT("QVLTestHost");
@@ -48,9 +44,32 @@ void HostTest::TearDown() {
   PumpMessages();
 }
 
+std::string Short(const Lines& lines) {
+  const std::string report = "Changed ";
+  std::string text;
+  for (const std::string& line : lines) {
+    if (!text.empty()) text += ' ';
+    if (line == "Begin" || line == "End") {
+      text += line.front();
+    } else {
+      text += line.starts_with(report) ? line.substr(report.size()) : line;
+    }
+  }
+  return text;
+}
+
 HWND HostTest::CreateView(std::uint32_t style, QVLTreeViewStyleExt* styleExt) {
   view->SetClient(&client);
   return view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, style, styleExt);
+}
+
+void HostTest::OpenView(std::uint32_t style, QVLTreeViewStyleExt* styleExt, int id) {
+  if (!view) view = client.view = GetIQVLTreeView();
+  view->SetClient(&client);
+  control = view->Create(host, id, 0, 0, WIDTH, HEIGHT, style, styleExt);
+  ASSERT_NE(control, nullptr);
+  parent = GetParent(control);
+  client.Take();
 }
 
 ItemHandle HostTest::Insert(const WCHAR* name, ItemHandle parent) {
@@ -65,4 +84,127 @@ ItemHandle HostTest::Insert(const WCHAR* name, ItemHandle parent) {
 void HostTest::ReleaseView() {
   ReleaseIQVLTreeView(view);
   view = nullptr;
+}
+
+ItemHandle HostTest::Item(char name) const {
+  for (const auto& [item, label] : client.labels) {
+    if (label == std::string(1, name)) return item;
+  }
+  return 0;
+}
+
+std::string HostTest::Selected() const {
+  std::string names;
+  const int count = view->GetSelectedCount();
+  for (int place = 0; place < count; ++place) names += client.Name(view->GetSelectedItem(place));
+  return names;
+}
+
+std::basic_string<WCHAR> HostTest::TextOf(ItemHandle item, int column) const {
+  WCHAR text[100] = {};
+  if (IsList()) {
+    LVITEMW row = {};
+    row.iSubItem = column;
+    row.pszText = text;
+    row.cchTextMax = 100;
+    AskRecord(LVM_GETITEMTEXTW, item, &row);
+  } else {
+    TVITEMW record = {};
+    record.mask = TVIF_TEXT;
+    record.hItem = Native(item);
+    record.pszText = text;
+    record.cchTextMax = 100;
+    AskRecord(TVM_GETITEMW, 0, &record);
+  }
+  return text;
+}
+
+// The two controls have the same states, and the question differs in its number alone.
+UINT HostTest::StateOf(ItemHandle item, UINT mask) const {
+  const UINT message = IsList() ? LVM_GETITEMSTATE : TVM_GETITEMSTATE;
+  return static_cast<UINT>(Ask(message, item, mask)) & mask;
+}
+
+void HostTest::SetState(ItemHandle item, UINT state, UINT mask) const {
+  LVITEMW row = {};
+  row.state = state;
+  row.stateMask = mask;
+  TVITEMW record = {};
+  record.mask = TVIF_STATE;
+  record.hItem = Native(item);
+  record.state = state;
+  record.stateMask = mask;
+  IsList() ? AskRecord(LVM_SETITEMSTATE, item, &row) : AskRecord(TVM_SETITEMW, 0, &record);
+}
+
+RECT HostTest::ClientRect() const {
+  RECT rect = {};
+  GetClientRect(control, &rect);
+  return rect;
+}
+
+RECT HostTest::ItemRect(ItemHandle item, bool labelOnly) const {
+  union {
+    ItemHandle asked;
+    RECT rect;
+  } record = {item};
+  if (IsList()) {
+    record.rect = {labelOnly ? LVIR_LABEL : LVIR_BOUNDS, 0, 0, 0};
+    EXPECT_TRUE(AskRecord(LVM_GETITEMRECT, item, &record)) << item;
+  } else {
+    EXPECT_TRUE(AskRecord(TVM_GETITEMRECT, labelOnly, &record))
+        << client.Name(item) << " is not shown";
+  }
+  return record.rect;
+}
+
+POINT HostTest::LabelPoint(ItemHandle item) const {
+  const RECT label = ItemRect(item);
+  return {(label.left + label.right) / 2, (label.top + label.bottom) / 2};
+}
+
+POINT HostTest::OffPoint() const {
+  const RECT area = ClientRect();
+  return {area.right / 2, area.bottom - 2};
+}
+
+POINT HostTest::ToScreen(POINT point) const {
+  ClientToScreen(control, &point);
+  return point;
+}
+
+void HostTest::RequestMenu(POINT point) const {
+  const POINT screen = ToScreen(point);
+  Ask(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(screen.x, screen.y));
+}
+
+LRESULT HostTest::Notify(NMHDR& record, UINT code, INT_PTR id) const {
+  record = {control, static_cast<UINT_PTR>(id), code};
+  return SendMessageW(parent, WM_NOTIFY, record.idFrom, reinterpret_cast<LPARAM>(&record));
+}
+
+LRESULT HostTest::NotifyOf(ItemHandle item, UINT code, INT_PTR id) const {
+  NMTVDISPINFOW edit = {};
+  NMTVGETINFOTIPW tip = {};
+  tip.hItem = Native(item);
+  NMLVGETINFOTIPW rowTip = {};
+  rowTip.iItem = static_cast<int>(item);
+  NMTREEVIEWW branch = {};
+  branch.itemNew.hItem = Native(item);
+  NMLISTVIEW row = {};
+  row.iItem = static_cast<int>(item);
+  row.iSubItem = 3;
+  switch (code) {
+    case TVN_BEGINLABELEDITW:
+    case TVN_ENDLABELEDITW:
+    case LVN_BEGINLABELEDITW:
+    case LVN_ENDLABELEDITW:
+      return Notify(edit.hdr, code, id);
+    case TVN_GETINFOTIPW:
+      return Notify(tip.hdr, code, id);
+    case LVN_GETINFOTIPW:
+      return Notify(rowTip.hdr, code, id);
+    default:
+      return Notify(IsList() ? row.hdr : branch.hdr, code, id);
+  }
 }

@@ -1,17 +1,34 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <commctrl.h>
 
 #include <cstdint>
+#include <string>
 
 #include "qvl.h"
 #include "support/recording_client.h"
 
+#ifdef _WIN32
+constexpr bool REAL_CONTROL = true;
+#else
+constexpr bool REAL_CONTROL = false;
+#endif
+
+inline HTREEITEM Native(ItemHandle item) { return reinterpret_cast<HTREEITEM>(item); }
+
 // Lets the thread's queued messages be handled, until none is left.
 void PumpMessages();
 
+// The client's lines in short: B and E for the bracket, the item's name alone for a report, and
+// every other line as it is; "B Q R 0 S E".
+std::string Short(const Lines& lines);
+
 // What a host has around a view: a window of its own, shown, a client, and a view that the test
-// creates with the style it wants. Everything ends with the test.
+// creates with the style it wants. Everything ends with the test. Questions about items are asked
+// of the view's control itself, past the library's back, in the words of a tree or of a list.
 class HostTest : public ::testing::Test {
  protected:
   static constexpr int CONTROL_ID = 100;
@@ -24,13 +41,66 @@ class HostTest : public ::testing::Test {
   // Creates the control in the whole of the host window, with `client` listening.
   HWND CreateView(std::uint32_t style = 0, QVLTreeViewStyleExt* styleExt = nullptr);
 
+  // The same for a test that goes on with the view's two windows, `control` and `parent`. What the
+  // client hears meanwhile is dropped.
+  void OpenView(std::uint32_t style = 0, QVLTreeViewStyleExt* styleExt = nullptr,
+                int id = CONTROL_ID);
+
   // Inserts an item of that name, under which the client's lines then name it.
   ItemHandle Insert(const WCHAR* name, ItemHandle parent = -1);
 
   // Ends the view before the test ends.
   void ReleaseView();
 
+  bool IsList() const { return view->GetViewType() == 2; }
+
+  // An item by its one-letter name, or 0.
+  ItemHandle Item(char name) const;
+
+  // The names of the selected items.
+  std::string Selected() const;
+
+  // What the client has heard since it was last asked, in short.
+  std::string Heard() { return Short(client.Take()); }
+
+  LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return SendMessageW(control, message, wParam, lParam);
+  }
+  LRESULT AskRecord(UINT message, WPARAM wParam, void* record) const {
+    return Ask(message, wParam, reinterpret_cast<LPARAM>(record));
+  }
+
+  // The text of an item, or of another cell of its row.
+  std::basic_string<WCHAR> TextOf(ItemHandle item, int column = 0) const;
+
+  UINT StateOf(ItemHandle item, UINT mask) const;
+  void SetState(ItemHandle item, UINT state, UINT mask) const;
+  UINT BoxOf(ItemHandle item) const { return StateOf(item, LVIS_STATEIMAGEMASK) >> 12; }
+  void SetBox(ItemHandle item, UINT image) const {
+    SetState(item, image << 12, LVIS_STATEIMAGEMASK);
+  }
+
+  RECT ClientRect() const;
+  RECT ItemRect(ItemHandle item, bool labelOnly = true) const;
+
+  // Points of the control: the middle of an item's label, and one below all items.
+  POINT LabelPoint(ItemHandle item) const;
+  POINT OffPoint() const;
+  POINT ToScreen(POINT point) const;
+  POINT LabelOnScreen(ItemHandle item) const { return ToScreen(LabelPoint(item)); }
+
+  // Asks for a context menu with the mouse at a point of the control.
+  void RequestMenu(POINT point) const;
+
+  // Tells the view's parent window of a notification, as a child with that id would.
+  LRESULT Notify(NMHDR& record, UINT code, INT_PTR id = CONTROL_ID) const;
+
+  // The same about an item, with the record that belongs to the code.
+  LRESULT NotifyOf(ItemHandle item, UINT code, INT_PTR id = CONTROL_ID) const;
+
   HWND host = nullptr;
   IQVLTreeView* view = nullptr;
   RecordingClient client;
+  HWND control = nullptr;
+  HWND parent = nullptr;
 };
