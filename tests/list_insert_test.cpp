@@ -1,28 +1,13 @@
-// Records as rows and cells of the list: what is inserted where, and what an update rewrites.
+// Records as rows and cells of the list: what is inserted where.
 
 #include <windows.h>
 
 #include <climits>
-#include <functional>
 
 #include "support/list_test.h"
 #include "support/sent_messages.h"
 
 namespace {
-
-// What a record says and what the control is sent for it.
-struct RecordCase {
-  std::function<void(QVLTreeViewItem&)> set;
-  UINT mask, state;
-  int image;
-};
-
-const RecordCase RECORDS[] = {
-    {[](auto&) {}, 0x07, 0, -1},
-    {[](auto& r) { r.SetImageIndex(3), r.SetCut(true), r.SetBold(true); }, 0x07, 0x0004, 3},
-    {[](auto& r) { r.SetStateIndex(0), r.SetSubItem(-3); }, 0x0F, 0x1000, -1},
-    {[](auto& r) { r.SetStateIndex(1), r.SetCut(true), r.SetBold(true); }, 0x0F, 0x2004, -1},
-};
 
 class ListInsertTest : public ListTest {
  protected:
@@ -39,43 +24,6 @@ class ListInsertTest : public ListTest {
     return item.iIndent;
   }
 };
-
-TEST_F(ListInsertTest, ARowGoesToTheControlAsTheRecordSays) {
-  Open(QVLS_CHECKBOXES);
-  SentMessages sent;
-  int row = 0;
-  for (const RecordCase& c : RECORDS) {
-    SCOPED_TRACE(row);
-    QVLTreeViewItem record;
-    record.SetItemName(TEXT("name"));
-    record.SetClientPtr(row - 0x123456789A);
-    record.SetIndentOffset(4);
-    c.set(record);
-    sent.Forget();
-    EXPECT_EQ(view->InsertItem(&record, -1), row);
-    record.SetIndentOffset(9);
-    EXPECT_TRUE(view->UpdateItem(&record, row) || record.GetSubItem() != 0);
-    ASSERT_EQ(sent.all.size(), 2u);
-    // An update leaves the indent alone.
-    for (const bool update : {false, true}) {
-      const SentMessage& message = sent.all[update];
-      const LVITEMW& item = message.item;
-      EXPECT_EQ(message.message, static_cast<UINT>(update ? LVM_SETITEMW : LVM_INSERTITEMW));
-      EXPECT_EQ(message.wParam, 0u);
-      EXPECT_EQ(item.mask, c.mask | (update ? 0u : LVIF_INDENT));
-      EXPECT_EQ(item.iItem, row);
-      EXPECT_EQ(item.iSubItem, update ? record.GetSubItem() : 0);
-      EXPECT_EQ(item.iImage, c.image);
-      EXPECT_EQ(item.state, c.state);
-      EXPECT_EQ(item.stateMask, 0xF004u);
-      EXPECT_EQ(item.lParam, row - 0x123456789A);
-      EXPECT_EQ(message.text, TEXT("name"));
-    }
-    EXPECT_EQ(Indent(row), 4);
-    EXPECT_EQ(view->GetItemClientPtr(row), row - 0x123456789A);
-    ++row;
-  }
-}
 
 TEST_F(ListInsertTest, TheIndentComesFromTheParentRowAndTheRecord) {
   struct {
@@ -171,33 +119,15 @@ TEST_F(ListInsertTest, ARecordWithACellNumberWritesTheCell) {
   EXPECT_EQ(view->InsertItem(&record, -1), 2) << "without a row it is one of its own";
   EXPECT_EQ(sent.Of(LVM_INSERTITEMW)[0].item.iItem, 2);
   EXPECT_EQ(Text(2), TEXT("again"));
-}
 
-TEST_F(ListInsertTest, RecordsOnlySwitchMarksOn) {
-  for (const std::uint32_t flags : {0u, QVLS_CHECKBOXES}) {
-    SCOPED_TRACE(flags);
-    Open(flags);
-    AddRows(2);
-    const UINT image = flags ? 2 : 1;
-    QVLTreeViewItem marked;
-    marked.SetChecked(true);
-    marked.SetSelected(true);
-    marked.SetStateIndex(0);
-    QVLTreeViewItem plain;
-    for (const int row : {2, 1}) {
-      const SentMessages sent;
-      EXPECT_TRUE(row == 2 ? view->InsertItem(&marked, -1) == row : view->UpdateItem(&marked, row));
-      const auto states = sent.Of(LVM_SETITEMSTATE);
-      ASSERT_EQ(states.size(), image);
-      EXPECT_EQ(states[0].item.state, flags ? 0x2000u : 2u);
-      EXPECT_EQ(states[0].item.stateMask, flags ? 0xF000u : 2u);
-      EXPECT_EQ(states.back().item.state, 2u);
-      EXPECT_EQ(static_cast<int>(states.back().wParam), row);
-      EXPECT_TRUE(view->UpdateItem(&plain, row));
-      EXPECT_EQ(BoxOf(row), image);
-      EXPECT_TRUE(view->IsItemSelected(row));
-    }
-  }
+  // A negative number is no cell's; the record is one of a row, and an update hands it on.
+  record.SetSubItem(-3);
+  sent.Forget();
+  EXPECT_EQ(view->InsertItem(&record, 1), 3);
+  EXPECT_EQ(sent.Of(LVM_INSERTITEMW)[0].item.iSubItem, 0);
+  view->UpdateItem(&record, 1);
+  const LVITEMW update = sent.Of(LVM_SETITEMW)[0].item;
+  EXPECT_TRUE(update.iSubItem == -3 && update.mask & LVIF_PARAM);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
-// Items of a tree: insertion, update, listing, navigation, expansion, scrolling.
+// Items of a tree: insertion, listing, navigation, expansion, scrolling.
 #include <functional>
 #include <iterator>
+#include <map>
 #include <string>
-#include <vector>
 
 #include "support/sent_messages.h"
 #include "support/tree_gestures.h"
@@ -12,25 +12,19 @@ namespace {
 constexpr std::int64_t WIDE = 0x123456789A;
 constexpr std::int64_t LOW_HALF_EMPTY = std::int64_t{1} << 32;
 
-// What the scroll calls were given, and which of the bars has no answer.
-struct ScrollCall {
-  int bar;
-  UINT size;
-  UINT mask;
-  int position;
-};
-std::vector<ScrollCall> scrollCalls;
+// Which of the scroll bars has no answer, and where they were put.
 int failingBar = -1;
+std::map<int, int> barPositions;
 
 BOOL WINAPI AnswerScrollInfo(HWND, int bar, SCROLLINFO* info) {
-  scrollCalls.push_back({bar, info->cbSize, info->fMask, 0});
+  EXPECT_TRUE(info->cbSize == 28 && info->fMask == SIF_POS);
   info->nPos = bar == SB_HORZ ? 31 : 32;
   return bar != failingBar;
 }
 
 int WINAPI NoteScrollInfo(HWND, int bar, const SCROLLINFO* info, BOOL redraw) {
-  EXPECT_TRUE(redraw);
-  scrollCalls.push_back({bar, info->cbSize, info->fMask, info->nPos});
+  EXPECT_TRUE(info->cbSize == 28 && info->fMask == SIF_POS && redraw);
+  barPositions[bar] = info->nPos;
   return 0;
 }
 
@@ -59,62 +53,6 @@ class TreeItems : public TreeTest {
   }
 };
 
-struct RecordRow {
-  const char* name;
-  int stateIndex;
-  bool bold;
-  bool cut;
-  int image;
-  UINT mask;
-  UINT state;
-};
-
-constexpr RecordRow RECORDS[] = {
-    {"defaults", -1, false, false, -1, 55, 0},
-    {"image", -1, false, false, 7, 55, 0},
-    {"bold and cut without a state", -1, true, true, -1, 55, 0},
-    {"no state image", 0, false, false, -1, 63, 0},
-    {"state image", 3, false, false, -1, 63, 0x3000},
-    {"state image too large", 0x15, false, false, -1, 63, 0x15000},
-    {"negative state image", -2, false, false, -1, 63, 0xFFFFE000},
-    {"bold", 2, true, false, -1, 63, 0x2010},
-    {"cut", 1, false, true, -1, 63, 0x1004},
-    {"bold and cut", 0, true, true, -1, 63, 0x14},
-};
-
-TEST_F(TreeItems, RecordBecomesANativeItem) {
-  OpenEmpty();
-  for (const RecordRow& row : RECORDS) {
-    SCOPED_TRACE(row.name);
-    QVLTreeViewItem record;
-    record.SetItemName(TEXT("the name"));
-    record.SetFileName(TEXT("the file"));
-    record.SetClientPtr(WIDE);
-    record.SetStateIndex(row.stateIndex);
-    record.SetBold(row.bold);
-    record.SetCut(row.cut);
-    record.SetImageIndex(row.image);
-    SentMessages sent;
-    const ItemHandle item = view->InsertItem(&record, -1);
-    EXPECT_TRUE(view->UpdateItem(&record, item));
-    ASSERT_EQ(sent.all.size(), 2u);
-    EXPECT_EQ(sent.all[0].message, static_cast<UINT>(TVM_INSERTITEMW));
-    EXPECT_EQ(sent.all[1].message, static_cast<UINT>(TVM_SETITEMW));
-    EXPECT_EQ(sent.all[1].treeItem.hItem, Native(item));
-    for (const SentMessage& message : sent.all) {
-      EXPECT_EQ(message.treeItem.mask, row.mask);
-      EXPECT_EQ(message.treeItem.mask & TVIF_STATE ? message.treeItem.state : 0, row.state);
-      EXPECT_EQ(message.treeItem.stateMask, 0xF014u);
-      EXPECT_EQ(message.treeItem.iImage, row.image);
-      EXPECT_EQ(message.treeItem.iSelectedImage, row.image);
-      EXPECT_EQ(message.treeItem.lParam, WIDE);
-      EXPECT_EQ(message.text, TEXT("the name"));
-    }
-    EXPECT_EQ(view->GetItemClientPtr(item), WIDE);
-    EXPECT_EQ(TextOf(item), TEXT("the name"));
-  }
-}
-
 TEST_F(TreeItems, CellNumbersAreRefused) {
   OpenEmpty();
   const ItemHandle item = Insert(TEXT("a"));
@@ -126,55 +64,6 @@ TEST_F(TreeItems, CellNumbersAreRefused) {
     EXPECT_FALSE(view->UpdateItem(&record, item));
     EXPECT_TRUE(sent.all.empty());
   }
-}
-
-TEST_F(TreeItems, CheckAndSelectionFollowTheItem) {
-  OpenEmpty(QVLS_CHECKBOXES);
-  QVLTreeViewItem record;
-  record.SetChecked(true);
-  record.SetSelected(true);
-  SentMessages sent;
-  const ItemHandle item = view->InsertItem(&record, -1);
-  client.labels[item] = "a";
-  for (const UINT first : {TVM_INSERTITEMW, TVM_SETITEMW}) {
-    ASSERT_EQ(sent.all.size(), 3u);
-    EXPECT_EQ(sent.all[0].message, first);
-    EXPECT_EQ(sent.all[1].message, static_cast<UINT>(TVM_SETITEMW));
-    EXPECT_EQ(sent.all[1].treeItem.mask, 8u);
-    EXPECT_EQ(sent.all[1].treeItem.hItem, Native(item));
-    EXPECT_EQ(sent.all[1].treeItem.state, 0x2000u);
-    EXPECT_EQ(sent.all[1].treeItem.stateMask, 0xF000u);
-    EXPECT_EQ(sent.all[2].message, static_cast<UINT>(TVM_SELECTITEM));
-    EXPECT_EQ(sent.all[2].wParam, static_cast<WPARAM>(TVGN_CARET));
-    EXPECT_EQ(sent.all[2].lParam, item);
-    MoveCaret(0);
-    client.Take();
-    sent.Forget();
-    EXPECT_TRUE(view->UpdateItem(&record, item));
-    EXPECT_EQ(Heard(), "a") << "without a bracket";
-  }
-  record.SetSelected(false);
-  EXPECT_TRUE(view->UpdateItem(&record, item));
-  EXPECT_TRUE(view->IsItemSelected(item)) << "a record only selects";
-}
-
-TEST_F(TreeItems, RefusedItemsGetNothingFurther) {
-  OpenEmpty(QVLS_CHECKBOXES);
-  const ItemHandle item = Insert(TEXT("a"));
-  QVLTreeViewItem record;
-  record.SetChecked(true);
-  record.SetSelected(true);
-  SentMessages sent;
-  sent.answers[TVM_INSERTITEMW] = 0;
-  EXPECT_EQ(view->InsertItem(&record, -1), -1);
-  for (const LRESULT refusal : {LRESULT{0}, LOW_HALF_EMPTY}) {
-    sent.answers[TVM_SETITEMW] = refusal;
-    EXPECT_FALSE(view->UpdateItem(&record, item));
-  }
-  EXPECT_EQ(sent.all.size(), 3u);
-  sent.answers[TVM_SETITEMW] = 1;
-  sent.answers[TVM_SELECTITEM] = 0;
-  EXPECT_TRUE(view->UpdateItem(&record, item)) << "what follows the item is not looked at";
 }
 
 TEST_F(TreeItems, GetItemsAddsVisibleItemsOrTheFirstBranch) {
@@ -245,8 +134,8 @@ TEST_F(TreeItems, InsertionsGoToTheEndOfTheirParent) {
   sent.answers[TVM_INSERTITEMW] = WIDE;
   for (const ItemHandle parent : {ItemHandle{-1}, ItemHandle{0}, WIDE}) {
     EXPECT_EQ(Insert(TEXT("a"), parent), WIDE);
-    EXPECT_EQ(sent.all.back().treeParent, parent == -1 ? nullptr : Native(parent));
-    EXPECT_EQ(sent.all.back().insertAfter, TVI_LAST);
+    EXPECT_EQ(sent.all.back().insertion.hParent, parent == -1 ? nullptr : Native(parent));
+    EXPECT_EQ(sent.all.back().insertion.hInsertAfter, TVI_LAST);
   }
 }
 
@@ -263,7 +152,6 @@ TEST_F(TreeItems, ExpandAllReachesEveryBranchAndCollapseAllTheTop) {
 
 TEST_F(TreeItems, ScrollPositionsAreThoseOfTheBars) {
   OpenEmpty();
-  scrollCalls.clear();
   const ImportPatch get("GetScrollInfo", &AnswerScrollInfo);
   const ImportPatch set("SetScrollInfo", &NoteScrollInfo);
   struct Row {
@@ -280,14 +168,7 @@ TEST_F(TreeItems, ScrollPositionsAreThoseOfTheBars) {
   SentMessages sent;
   view->SetScrollPosition(-4, 5);
   EXPECT_TRUE(sent.all.empty()) << "the two calls alone act";
-  ASSERT_EQ(scrollCalls.size(), 8u);
-  for (std::size_t i = 0; i < scrollCalls.size(); ++i) {
-    EXPECT_EQ(scrollCalls[i].bar, i % 2 ? SB_VERT : SB_HORZ) << i;
-    EXPECT_EQ(scrollCalls[i].size, 28u) << i;
-    EXPECT_EQ(scrollCalls[i].mask, static_cast<UINT>(SIF_POS)) << i;
-  }
-  EXPECT_EQ(scrollCalls[6].position, -4);
-  EXPECT_EQ(scrollCalls[7].position, 5);
+  EXPECT_EQ(barPositions, (std::map<int, int>{{SB_HORZ, -4}, {SB_VERT, 5}}));
 }
 
 }  // namespace

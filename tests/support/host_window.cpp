@@ -184,27 +184,17 @@ LRESULT HostTest::Notify(NMHDR& record, UINT code, INT_PTR id) const {
 }
 
 LRESULT HostTest::NotifyOf(ItemHandle item, UINT code, INT_PTR id) const {
-  NMTVDISPINFOW edit = {};
-  NMTVGETINFOTIPW tip = {};
-  tip.hItem = Native(item);
-  NMLVGETINFOTIPW rowTip = {};
-  rowTip.iItem = static_cast<int>(item);
   NMTREEVIEWW branch = {};
   branch.itemNew.hItem = Native(item);
+  NMTVGETINFOTIPW tip = {};
+  tip.hItem = Native(item);
   NMLISTVIEW row = {};
   row.iItem = static_cast<int>(item);
   row.iSubItem = 3;
-  switch (code) {
-    case TVN_BEGINLABELEDITW:
-    case TVN_ENDLABELEDITW:
-    case LVN_BEGINLABELEDITW:
-    case LVN_ENDLABELEDITW:
-      return Notify(edit.hdr, code, id);
-    case TVN_GETINFOTIPW:
-      return Notify(tip.hdr, code, id);
-    case LVN_GETINFOTIPW:
-      return Notify(rowTip.hdr, code, id);
-    default:
-      return Notify(IsList() ? row.hdr : branch.hdr, code, id);
-  }
+  NMLVGETINFOTIPW rowTip = {};
+  rowTip.iItem = static_cast<int>(item);
+  NMHDR* record = IsList() ? &row.hdr : &branch.hdr;
+  if (code == TVN_GETINFOTIPW) record = &tip.hdr;
+  if (code == LVN_GETINFOTIPW) record = &rowTip.hdr;
+  return Notify(*record, code, id);
 }

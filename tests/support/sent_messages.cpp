@@ -7,6 +7,17 @@ namespace {
 
 SentMessages* current = nullptr;
 
+// A row's record has every field of a tree item's but those of the tree alone.
+void ReadTreeItem(const TVITEMW& item, SentMessage& sent) {
+  sent.treeItem = item;
+  sent.item.mask = item.mask;
+  sent.item.state = item.state;
+  sent.item.stateMask = item.stateMask;
+  sent.item.pszText = item.pszText;
+  sent.item.iImage = item.iImage;
+  sent.item.lParam = item.lParam;
+}
+
 SentMessage Copy(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   SentMessage sent = {};
   sent.window = window;
@@ -16,7 +27,6 @@ SentMessage Copy(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case LVM_INSERTITEMW:
     case LVM_SETITEMW:
-    case LVM_GETITEMW:
     case LVM_SETITEMSTATE:
       sent.item = *reinterpret_cast<const LVITEMW*>(lParam);
       break;
@@ -24,19 +34,16 @@ SentMessage Copy(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
       sent.column = *reinterpret_cast<const LVCOLUMNW*>(lParam);
       break;
     case TVM_INSERTITEMW:
-      sent.treeParent = reinterpret_cast<const TVINSERTSTRUCTW*>(lParam)->hParent;
-      sent.insertAfter = reinterpret_cast<const TVINSERTSTRUCTW*>(lParam)->hInsertAfter;
-      sent.treeItem = reinterpret_cast<const TVINSERTSTRUCTW*>(lParam)->item;
+      sent.insertion = *reinterpret_cast<const TVINSERTSTRUCTW*>(lParam);
+      ReadTreeItem(sent.insertion.item, sent);
       break;
     case TVM_SETITEMW:
-      sent.treeItem = *reinterpret_cast<const TVITEMW*>(lParam);
+      ReadTreeItem(*reinterpret_cast<const TVITEMW*>(lParam), sent);
       break;
     default:
       break;
   }
-  const bool writesRow = message == LVM_INSERTITEMW || message == LVM_SETITEMW;
-  const WCHAR* text = writesRow ? sent.item.pszText : sent.treeItem.pszText;
-  if (text) sent.text = text;
+  if (sent.item.pszText) sent.text = sent.item.pszText;
   return sent;
 }
 

@@ -16,12 +16,11 @@ struct SentMessage {
   UINT message;
   WPARAM wParam;
   LPARAM lParam;
-  LVITEMW item;  // of the messages that carry one
+  LVITEMW item;  // what is written, of a tree item too
+  std::basic_string<WCHAR> text;
   LVCOLUMNW column;
-  std::basic_string<WCHAR> text;  // of a row, cell or tree item that is written
-  TVITEMW treeItem;               // of the messages that write one
-  HTREEITEM treeParent;           // of an insertion
-  HTREEITEM insertAfter;
+  TVITEMW treeItem;
+  TVINSERTSTRUCTW insertion;
 };
 
 // Sees every message that the library sends for the life of the object. They go on to their window,
