@@ -1,7 +1,5 @@
 // The list's columns, and the way of its messages.
 
-#include <windows.h>
-
 #include <string>
 
 #include "support/import_patch.h"

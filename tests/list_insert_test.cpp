@@ -1,7 +1,5 @@
 // Records as rows and cells of the list: what is inserted where.
 
-#include <windows.h>
-
 #include <climits>
 
 #include "support/list_test.h"

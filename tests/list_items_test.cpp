@@ -1,7 +1,5 @@
 // Rows of the list: neighbours, scrolling, icons.
 
-#include <windows.h>
-
 #include <string>
 #include <vector>
 

@@ -1,13 +1,10 @@
 // The list's selection: what the operations select, what the client hears of it, what lies under
 // a point, and that the work grows with the rows.
 
-#include <windows.h>
-
 #include <chrono>
 #include <functional>
 #include <string>
 
-#include "support/fake_drag.h"
 #include "support/list_test.h"
 #include "support/sent_messages.h"
 
@@ -96,32 +93,6 @@ TEST_F(ListSelectionTest, TheModeIsTheControlsOwn) {
   }
 }
 
-// Answers a hit test as a control might.
-UINT answeredFlags;
-LRESULT WINAPI AnswerHit(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != LVM_HITTEST) return SendMessageW(window, message, wParam, lParam);
-  reinterpret_cast<LVHITTESTINFO*>(lParam)->flags = answeredFlags;
-  return 0;
-}
-
-TEST_F(ListSelectionTest, EachNativeHitFlagHasItsOwn) {
-  Open();
-  AddRows(1);
-  const ImportPatch patch("SendMessageW", &AnswerHit);
-  struct {
-    UINT native;
-    std::uint32_t flags;
-  } const cases[] = {{0x01, 0x004}, {0x02, 0x020}, {0x04, 0x080}, {0x08, 0x201}, {0x10, 0x002},
-                     {0x20, 0x800}, {0x40, 0x400}, {0x0E, 0x2A1}, {0, 0},        {~0x7FU, 0}};
-  const POINT point = {};
-  for (const auto& c : cases) {
-    answeredFlags = c.native;
-    std::uint32_t flags = 0xFFFF;
-    EXPECT_EQ(view->HitTest(&point, false, &flags), 0);
-    EXPECT_EQ(flags, c.flags) << c.native;
-  }
-}
-
 TEST_F(ListSelectionTest, AHitSelectsTheRowAloneUnlessItIsSelected) {
   Open();
   AddRows(4);
@@ -162,25 +133,6 @@ TEST_F(ListSelectionTest, AClientThatTakesOverInsideABracketHearsNothingOfIt) {
   EXPECT_EQ(client.Take(), Lines{"Begin"});
   EXPECT_EQ(other.Take(), Lines());
   view->SetClient(nullptr);
-}
-
-TEST_F(ListSelectionTest, ADraggedRowJoinsTheSelection) {
-  const FakeDrag drag;
-  client.onBeginDrag = [](ItemHandleList*, FileNameList* files) {
-    files->push_back(TEXT("C:\\file"));
-    return true;
-  };
-  // Neither the flag nor the stored mode counts in a list.
-  Open(QVLS_NODRAGDROP);
-  view->SetMultiSelect(false);
-  AddRows(4);
-  view->SetItemSelected(3, true);
-  client.Take();
-  NotifyRow(LVN_BEGINDRAG, 3);
-  EXPECT_EQ(client.Take(), Lines{"BeginDrag 3"});
-  NotifyRow(LVN_BEGINDRAG, 1);
-  EXPECT_EQ(client.Take(), (Lines{"Begin", "Changed 1", "End", "BeginDrag 1 3"}));
-  EXPECT_EQ(drag.runs, 2);
 }
 
 class ListGrowthTest : public ListTest {};

@@ -151,34 +151,6 @@ TEST_F(TreeSelectionTest, HitTestForgetsAnItemThatIsDeletedMeanwhile) {
   EXPECT_EQ(CaretItem(), Item('P'));
 }
 
-TEST_F(TreeSelectionTest, HitFlagsTellThePartOfTheItem) {
-  struct Part {
-    UINT native;
-    std::uint32_t flags;
-  };
-  constexpr Part PARTS[] = {
-      {TVHT_ONITEMLABEL, QVLHT_ONITEM | QVLHT_ONITEMLABEL},
-      {TVHT_ONITEMICON, QVLHT_ONITEM | QVLHT_ONITEMICON},
-      {TVHT_ONITEMSTATEICON, QVLHT_ONITEM | QVLHT_ONITEMSTATEICON},
-      {TVHT_ONITEMBUTTON, QVLHT_ONITEMBUTTON},
-      {TVHT_ONITEMINDENT, QVLHT_ONITEMINDENT},
-      {TVHT_ONITEMRIGHT, QVLHT_ONITEMRIGHT},
-  };
-  const HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR, 1, 1);
-  view->SetImageList(images);
-  const ItemHandle child = Insert(TEXT("c"), Item('Q'));
-  Insert(TEXT("d"), child);
-  view->ExpandAll();
-  PumpMessages();
-  for (const Part& part : PARTS) {
-    std::uint32_t hitFlags = 99;
-    EXPECT_EQ(HitTest(PartPoint(child, part.native), false, &hitFlags), child);
-    EXPECT_EQ(hitFlags, part.flags);
-  }
-  view->SetImageList(nullptr);
-  ImageList_Destroy(images);
-}
-
 TEST_F(TreeSelectionTest, HitFlagsAreEmptyWhereNoItemLies) {
   Given("P - PQ");
   for (const POINT point :

@@ -125,6 +125,51 @@ TEST_P(ViewItems, AnyBoxButTheEmptyOneIsCheckedAndTheTickedOneCounts) {
   }
 }
 
+// Answers a hit test as a control might: both controls' records begin with point and flags.
+UINT answeredFlags;
+LRESULT answeredItem;
+LRESULT WINAPI AnswerHit(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != TVM_HITTEST && message != LVM_HITTEST) {
+    return SendMessageW(window, message, wParam, lParam);
+  }
+  reinterpret_cast<TVHITTESTINFO*>(lParam)->flags = answeredFlags;
+  return answeredItem;
+}
+
+TEST_P(ViewItems, EachNativeHitFlagHasItsOwn) {
+  OpenWithItems();
+  const ImportPatch patch("SendMessageW", &AnswerHit);
+  struct {
+    UINT native;
+    std::uint32_t tree;
+    std::uint32_t list;
+  } const cases[] = {
+      {0x01, 0x004, 0x004},
+      {0x02, 0x028, 0x020},
+      {0x04, 0x088, 0x080},
+      {0x08, 0x040, 0x201},
+      {0x10, 0x010, 0x002},
+      {0x20, 0x100, 0x800},
+      {0x40, 0x208, 0x400},
+      {0x100, 0x001, 0},
+      {0x200, 0x002, 0},
+      {0x400, 0x800, 0},
+      {0x800, 0x400, 0},
+      {0x0E, 0x0E8, 0x2A1},
+      {0, 0, 0},
+      {~0xFFFU, 0, 0},
+      {0x80, 0, 0},
+  };
+  answeredItem = b;
+  const POINT point = {};
+  for (const auto& row : cases) {
+    answeredFlags = row.native;
+    std::uint32_t flags = 0xFFFF;
+    EXPECT_EQ(view->HitTest(&point, false, &flags), b);
+    EXPECT_EQ(flags, TreeOrList(row.tree, row.list)) << row.native;
+  }
+}
+
 RECT invalidated;
 BOOL WINAPI NoteInvalidation(HWND, const RECT* rect, BOOL erase) {
   invalidated = rect ? *rect : RECT{-1, -1, -1, erase};

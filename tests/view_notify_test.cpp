@@ -32,8 +32,8 @@ const std::vector<Report> OF_TREE = {
     {TVN_SELCHANGINGW, false, ""},
     {TVN_ITEMEXPANDINGW, false, ""},
     {TVN_KEYDOWN, false, ""},
-    {TVN_BEGINLABELEDITW, true, "LabelEdit TVN_BEGINLABELEDITW"},
-    {TVN_ENDLABELEDITW, true, "LabelEdit TVN_ENDLABELEDITW"},
+    {TVN_BEGINLABELEDITW, true, "EditBegins"},
+    {TVN_ENDLABELEDITW, true, "EditEnds"},
 };
 
 const std::vector<Report> OF_LIST = {
@@ -42,8 +42,8 @@ const std::vector<Report> OF_LIST = {
     {LVN_COLUMNCLICK, true, "ColumnClick 3"},
     {LVN_ITEMCHANGED, true, "B b E"},
     {LVN_KEYDOWN, true, ""},
-    {LVN_BEGINLABELEDITW, true, "LabelEdit LVN_BEGINLABELEDITW"},
-    {LVN_ENDLABELEDITW, true, "LabelEdit LVN_ENDLABELEDITW"},
+    {LVN_BEGINLABELEDITW, true, "EditBegins"},
+    {LVN_ENDLABELEDITW, true, "EditEnds"},
 };
 
 class ViewNotify : public EachView {
@@ -94,7 +94,7 @@ TEST_P(ViewNotify, EverythingButALabelEditEndsInDefaultHandling) {
   for (const bool listening : {false, true}) {
     view->SetClient(listening ? &client : nullptr);
     for (const Report& report : Reports()) {
-      const bool isEdit = std::string(report.heard).starts_with("LabelEdit");
+      const bool isEdit = std::string(report.heard).starts_with("Edit");
       for (const bool answer : {true, false}) {
         client.onLabelEdit = [=](NMHDR*, std::uint32_t) { return answer; };
         EXPECT_EQ(NotifyOf(b, report.code), isEdit && listening ? answer : DEFAULT_ANSWER);
@@ -160,19 +160,15 @@ TEST_P(ViewNotify, ALabelEditAsksTheClientAtBothEnds) {
   OpenWithItems(QVLS_EDITLABELS, &editable);
   // A list's edit of a row without these brings them along.
   if (IsList()) SetState(b, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
-  const std::string begun = TreeOrList("LabelEdit TVN_BEGIN", "LabelEdit LVN_BEGIN");
-  const std::string ended = TreeOrList(" LabelEdit TVN_END", " LabelEdit LVN_END");
-  const std::string edit = "LABELEDITW";
-  const std::string whole = begun + edit + ended + edit;
   struct {
     bool refuse;
     bool accept;
     const WCHAR* textAfter;
-    std::string heard;
+    const char* heard;
   } const cases[] = {
-      {true, true, TEXT("b"), begun + edit},
-      {false, false, TEXT("b"), whole},
-      {false, true, TEXT("new"), whole + TreeOrList("", " B b E")},
+      {true, true, TEXT("b"), "EditBegins"},
+      {false, false, TEXT("b"), "EditBegins EditEnds"},
+      {false, true, TEXT("new"), TreeOrList("EditBegins EditEnds", "EditBegins EditEnds B b E")},
   };
   for (const auto& row : cases) {
     client.onLabelEdit = [&](NMHDR* header, std::uint32_t code) {
@@ -213,6 +209,20 @@ TEST_P(ViewNotify, AContextRequestSelectsWhatItIsFor) {
   RequestMenu(LabelPoint(a));
   EXPECT_EQ(Heard(), "");
   EXPECT_EQ(Selected(), "c") << "without a client";
+}
+
+// In a list neither the flag nor the stored mode counts; in a tree tree_selection_test has the
+// rest.
+TEST_P(ViewNotify, ADragTakesItsItemIntoTheSelection) {
+  OpenWithItems(QVLS_NODRAGDROP);
+  if (IsList()) view->SetMultiSelect(false);
+  view->SetItemSelected(c, true);
+  client.Take();
+  const UINT drag = TreeOrList(TVN_BEGINDRAGW, LVN_BEGINDRAG);
+  NotifyOf(c, drag);
+  EXPECT_EQ(Heard(), "BeginDrag c");
+  NotifyOf(b, drag);
+  EXPECT_EQ(Heard(), "B b E BeginDrag b c");
 }
 
 }  // namespace

@@ -18,9 +18,9 @@ using Lines = std::vector<std::string>;
 // A client that writes down one line for each call it gets and answers as the test says:
 //
 //   ContextMenu 10,20 a 0x0080     InfoTip a 0x0080       BeginDrag a b
-//   CreateColumns 200x100          ShellContextMenu a b   LabelEdit TVN_BEGINLABELEDITW
+//   CreateColumns 200x100          ShellContextMenu a b   EditBegins
 //   Begin                          Changed a              End
-//   ColumnClick 1                  Expanded a
+//   ColumnClick 1                  Expanded a             EditEnds
 //
 // An item stands under its label, or as its number if it has none. Every call checks that `view`
 // is the expected one, and every End that a Begin came before it.
@@ -88,16 +88,9 @@ class RecordingClient final : public IQVLTreeViewClient {
   }
 
   bool OnLabelEdit(IQVLTreeView* from, NMHDR* record, std::uint32_t code) override {
-    static const std::map<std::uint32_t, std::string> NAMES = {
-        {static_cast<std::uint32_t>(TVN_BEGINLABELEDITW), "TVN_BEGINLABELEDITW"},
-        {static_cast<std::uint32_t>(TVN_ENDLABELEDITW), "TVN_ENDLABELEDITW"},
-        {static_cast<std::uint32_t>(LVN_BEGINLABELEDITW), "LVN_BEGINLABELEDITW"},
-        {static_cast<std::uint32_t>(LVN_ENDLABELEDITW), "LVN_ENDLABELEDITW"},
-    };
-    const auto name = NAMES.find(code);
     EXPECT_EQ(static_cast<std::uint32_t>(record->code), code);
-    return Hear(from, "LabelEdit " + (name != NAMES.end() ? name->second : Hex(code)), onLabelEdit,
-                record, code);
+    const bool begins = code == TVN_BEGINLABELEDITW || code == LVN_BEGINLABELEDITW;
+    return Hear(from, begins ? "EditBegins" : "EditEnds", onLabelEdit, record, code);
   }
 
   void OnBeginSelectionChange(IQVLTreeView* from) override {

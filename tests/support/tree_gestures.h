@@ -1,9 +1,5 @@
 #pragma once
 
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include <string>
 
 #include "support/host_window.h"
