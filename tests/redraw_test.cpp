@@ -192,28 +192,6 @@ TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
   }
 }
 
-TEST_P(RedrawTest, AViewThatEndsMeanwhileTakesItsSuspensionAlong) {
-  if (REAL_CONTROL && IsList()) GTEST_SKIP() << "the control does not survive it";
-  const std::function<void()> endings[] = {
-      [this] { view->Destroy(); },
-      [this] { ReleaseView(); },
-      [this] { OpenAnew(); },
-  };
-  for (const auto& end : endings) {
-    OpenWith(20);
-    const HWND before = control;
-    AtReport(12, end);
-    view->SelectAll();
-    client.onItemSelectionChanged = nullptr;
-    EXPECT_EQ(Requests(), SUSPENDED);
-    EXPECT_FALSE(IsWindow(before));
-  }
-  // Create came last: nothing of the old suspension sticks to the new control.
-  AddItems(20);
-  view->SelectAll();
-  EXPECT_EQ(Requests(), SUSPENDED_AND_PUT_BACK);
-}
-
 INSTANTIATE_TEST_SUITE_P(BothViews, RedrawTest, ::testing::Values(0, QVLS_LISTVIEW),
                          [](const auto& tested) { return tested.param ? "List" : "Tree"; });
 

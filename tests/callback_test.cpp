@@ -1,0 +1,180 @@
+// What each view makes its client hear, and that the host may do anything inside. The sanitizers of
+// the native build tell whether anything of an ended view is touched afterwards.
+
+#include <windows.h>
+
+#include <vector>
+
+#include "support/callback_deeds.h"
+#include "support/list_test.h"
+#include "support/tree_gestures.h"
+
+namespace {
+
+class TreeCallbackTest : public CallbackTest<TreeTest> {
+ protected:
+  // P, Q, R and S and, shown below Q, c and d; Q, d and R selected, d the caret.
+  void StartAfresh() override {
+    Open(QVLS_HASBUTTONS | QVLS_LINESATROOT | QVLS_EDITLABELS);
+    Insert(TEXT("c"), Item('Q'));
+    Insert(TEXT("d"), Item('Q'));
+    Insert(TEXT("e"), Item('R'));
+    view->ExpandItem(Item('Q'), true);
+    Given("d - QdR");
+    current = Item('d');
+    last = Item('S');
+  }
+
+  void SelectManyItems() {
+    for (int i = 0; i < 9; ++i) Insert(TEXT("further"));
+    view->SelectAll();
+  }
+
+  void InsertSelected() {
+    QVLTreeViewItem record;
+    record.SetSelected(true);
+    const ItemHandle inserted = view->InsertItem(&record, Item('Q'));
+    ExpectResult(inserted == -1, false, true);
+  }
+
+  void EditLabel() {
+    const LRESULT edit = Ask(TVM_EDITLABELW, 0, current);
+    if (edit) SendMessageW(reinterpret_cast<HWND>(edit), WM_KEYDOWN, VK_RETURN, 1);
+  }
+
+  void AskInfoTip() {
+    NMTVGETINFOTIPW tip = {};
+    tip.hItem = Native(last);
+    Notify(tip.hdr, TVN_GETINFOTIPW);
+  }
+
+  const std::vector<Flow> FLOWS = {
+      {"press", Busy::IN_REPORTS, [this] { Press('S'); }},
+      {"press on the caret", Busy::IN_REPORTS, [this] { Press('d'); }},
+      {"press off", Busy::IN_REPORTS, [this] { Press('-'); }},
+      {"press on a button", Busy::IN_REPORTS,
+       [this] { PressAt(PartPoint(Item('Q'), TVHT_ONITEMBUTTON)); }},
+      {"Ctrl press", Busy::IN_REPORTS, [this] { Press('S', MK_CONTROL); }},
+      {"Ctrl press on the caret", Busy::IN_REPORTS, [this] { Press('d', MK_CONTROL); }},
+      {"Shift press", Busy::IN_REPORTS, [this] { Press('S', MK_SHIFT); }},
+      {"Shift press on the caret", Busy::IN_REPORTS, [this] { Press('d', MK_SHIFT); }},
+      {"Shift press off", Busy::IN_REPORTS, [this] { Press('-', MK_SHIFT); }},
+      {"single press", Busy::IN_EVERY_CALL,
+       [this] {
+         view->SetMultiSelect(false);
+         Press('S');
+       }},
+      {"Shift+Down", Busy::IN_REPORTS, [this] { Key(VK_DOWN, MK_SHIFT); }},
+      {"Down", Busy::IN_REPORTS, [this] { Key(VK_DOWN); }},
+      {"expansion by key", Busy::IN_REPORTS,
+       [this] {
+         MoveCaret(Item('R'));
+         Key(VK_RIGHT);
+       }},
+      {"SetItemSelected", Busy::NEVER, [this] { view->SetItemSelected(last, true); }},
+      {"SelectAll", Busy::NEVER, [this] { view->SelectAll(); }},
+      {"SelectAll of many", Busy::NEVER, [this] { SelectManyItems(); }},
+      {"ClearSelection", Busy::NEVER, [this] { view->ClearSelection(); }},
+      {"InvertSelection", Busy::NEVER, [this] { view->InvertSelection(); }},
+      {"ExpandAll", Busy::IN_EVERY_CALL, [this] { view->ExpandAll(); }},
+      {"InsertItem", Busy::IN_EVERY_CALL, [this] { InsertSelected(); }},
+      {"DeleteItem", Busy::IN_EVERY_CALL, [this] { view->DeleteItem(current); }},
+      {"DeleteItem of a branch", Busy::IN_EVERY_CALL, [this] { view->DeleteItem(Item('Q')); }},
+      {"context request", Busy::IN_REPORTS, [this] { RequestMenu(LabelPoint(last)); }},
+      {"ShowContextMenu", Busy::NEVER,
+       [this] { ExpectResult(view->ShowContextMenu(5, 5), true, false); }},
+      {"label edit", Busy::IN_EVERY_CALL, [this] { EditLabel(); }},
+      {"drag", Busy::NEVER, [this] { NotifyOf(last, TVN_BEGINDRAGW); }},
+      {"single drag", Busy::IN_REPORTS,
+       [this] {
+         view->SetMultiSelect(false);
+         NotifyOf(last, TVN_BEGINDRAGW);
+       }},
+      {"info tip", Busy::NEVER, [this] { AskInfoTip(); }},
+  };
+};
+
+TEST_F(TreeCallbackTest, EveryDeedIsSafeInsideEveryCall) { DoAllInside(FLOWS); }
+
+class ListCallbackTest : public CallbackTest<ListTest> {
+ protected:
+  // Three rows, of which the middle one is selected and ticked.
+  void StartAfresh() override {
+    QVLTreeViewStyleExt editable;
+    editable.SetStyle(LVS_EDITLABELS);
+    Open(QVLS_CHECKBOXES, &editable);
+    AddRows(3);
+    view->SetItemSelected(1, true);
+    view->SetItemChecked(1, true);
+    client.Take();
+    SetFocus(control);
+    marked.SetItemName(TEXT("marked"));
+    marked.SetSelected(true);
+    marked.SetChecked(true);
+    current = 1;
+    last = 2;
+  }
+
+  void SelectManyRows() {
+    AddRows(9);
+    view->SelectAll();
+  }
+
+  void SelectByHitTest() {
+    const POINT point = LabelOnScreen(0);
+    ExpectResult(view->HitTest(&point, true, nullptr), ItemHandle{0}, -1);
+  }
+
+  void RequestMenuOfRow() {
+    const POINT point = LabelOnScreen(0);
+    SendMessageW(control, WM_CONTEXTMENU, 0, MAKELPARAM(point.x, point.y));
+  }
+
+  void AskInfoTip() {
+    WCHAR own = 0;
+    NMLVGETINFOTIPW tip = {};
+    tip.pszText = &own;
+    Notify(LVN_GETINFOTIPW, tip.hdr);
+    ExpectResult(tip.pszText, LPWSTR{nullptr}, &own);
+  }
+
+  // The control closes its edit while it goes, so the client is asked in the middle of that.
+  void EndDuringAnEdit(bool release) {
+    Ask(LVM_EDITLABELW, 1);
+    if (ended || (release && deed->left == Left::NO_VIEW)) return;
+    release ? ReleaseView() : view->Destroy();
+  }
+
+  QVLTreeViewItem marked;
+  const std::vector<Flow> FLOWS = {
+      {"change", Busy::NEVER, [this] { NotifyRow(LVN_ITEMCHANGED, 1); }},
+      {"column", Busy::NEVER, [this] { NotifyRow(LVN_COLUMNCLICK, 0); }},
+      {"edit", Busy::NEVER, [this] { EXPECT_EQ(NotifyRow(LVN_ENDLABELEDITW, 0), 1); }},
+      {"ShowContextMenu", Busy::NEVER,
+       [this] { ExpectResult(view->ShowContextMenu(5, 5), true, false); }},
+      {"context request", Busy::NEVER, [this] { SendMessageW(parent, WM_CONTEXTMENU, 0, 0); }},
+      {"context request for a row", Busy::IN_EVERY_CALL, [this] { RequestMenuOfRow(); }},
+      {"info tip", Busy::NEVER, [this] { AskInfoTip(); }},
+      {"columns", Busy::NEVER,
+       [this] { ExpectResult(CreateView(QVLS_LISTVIEW) == nullptr, false, true); }},
+      {"SelectAll", Busy::IN_EVERY_CALL, [this] { view->SelectAll(); }},
+      {"SelectAll of many", Busy::IN_EVERY_CALL, [this] { SelectManyRows(); }},
+      {"ClearSelection", Busy::IN_EVERY_CALL, [this] { view->ClearSelection(); }},
+      {"InvertSelection", Busy::IN_EVERY_CALL, [this] { view->InvertSelection(); }},
+      {"CheckAll", Busy::IN_EVERY_CALL, [this] { view->CheckAll(); }},
+      {"InsertItem", Busy::IN_EVERY_CALL,
+       [this] { ExpectResult(view->InsertItem(&marked, -1), ItemHandle{3}, -1); }},
+      {"UpdateItem", Busy::IN_EVERY_CALL,
+       [this] { ExpectResult(view->UpdateItem(&marked, 0), true, false); }},
+      {"HitTest", Busy::IN_EVERY_CALL, [this] { SelectByHitTest(); }},
+      {"drag", Busy::NEVER, [this] { NotifyRow(LVN_BEGINDRAG, 1); }},
+      {"drag of another row", Busy::IN_EVERY_CALL, [this] { NotifyRow(LVN_BEGINDRAG, 0); }},
+      {"key", Busy::IN_EVERY_CALL, [this] { Ask(WM_KEYDOWN, VK_DOWN); }},
+      {"Destroy during an edit", Busy::IN_EVERY_CALL, [this] { EndDuringAnEdit(false); }},
+      {"release during an edit", Busy::IN_EVERY_CALL, [this] { EndDuringAnEdit(true); }},
+  };
+};
+
+TEST_F(ListCallbackTest, EveryDeedIsSafeInsideEveryCall) { DoAllInside(FLOWS); }
+
+}  // namespace
