@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-#include "support/import_patch.h"
 #include "support/recording_client.h"
 
 using Name = std::basic_string<WCHAR>;
@@ -34,12 +33,11 @@ class FakeShell {
   ~FakeShell();
 
   // The lines since the last Take, oldest first.
-  Lines Take();
-  void Log(std::string line) { lines.push_back(std::move(line)); }
+  Lines Take() { return std::exchange(lines, {}); }
   void ExpectNothingHeld() const;
 
-  // One call that fails, by its word in the lines; "IContextMenu2" for a menu without one, or
-  // "child id of x" for the copy of that id.
+  // One call that fails, by its first word in the lines, or "child id of x" for the copy of that
+  // id.
   std::string failing;
   // A name that the shell does not know in spite of its backslash.
   Name unknown;
@@ -51,15 +49,15 @@ class FakeShell {
   HWND window = nullptr;
 
   // Used by the stand-ins.
-  bool Fails(const std::string& call) const { return failing == call; }
-  void* Allocate(SIZE_T size, std::string what);
-  void Free(void* block);
-  int interfaces = 0;
-  int menus = 0;
-  bool nextAllocationFails = false;
-
- private:
+  bool Succeeds(const std::string& line);  // writes it down
+  void* Allocate(const void* content, SIZE_T size, const char* what);
   Lines lines;
   std::map<void*, std::string> blocks;
-  std::vector<std::unique_ptr<ImportPatch>> patches;
+  int interfaces = 0;
+  int menus = 0;
+  bool nextCopyFails = false;
+
+ private:
+  struct Patches;
+  std::unique_ptr<Patches> patches;
 };
