@@ -1,16 +1,9 @@
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-
-#include "qvl.h"
+// What a view answers without a control, and how it comes to one.
 #include "support/host_window.h"
 #include "support/import_patch.h"
 #include "support/sent_messages.h"
 
 namespace {
-
-constexpr std::uint32_t BOTH_TYPES[] = {0, QVLS_LISTVIEW};
 
 constexpr POINT SOME_POINT = {10, 10};
 
@@ -92,8 +85,18 @@ BOOL WINAPI ReportThenDestroy(HWND window) {
 
 BOOL WINAPI RefuseToDestroy(HWND) { return FALSE; }
 
-class Proxy : public HostTest {
+// A view that becomes a tree or a list.
+class Proxy : public HostTest, public ::testing::WithParamInterface<std::uint32_t> {
  protected:
+  int Type() const { return GetParam() == QVLS_LISTVIEW ? 2 : 1; }
+
+  void Open(std::uint32_t style = GetParam()) {
+    control = CreateView(style);
+    ASSERT_NE(control, nullptr);
+    Insert(TEXT("a"));
+    client.Take();
+  }
+
   // What a view answers that has no control, and -1 or 0 for an item that is not there.
   void ExpectFailures(ItemHandle noItem) {
     const SentMessages sent;
@@ -104,11 +107,15 @@ class Proxy : public HostTest {
     EXPECT_EQ(client.Take(), Lines());
   }
 
-  // What a host can do with a view that is there again.
-  void ExpectUsable(std::uint32_t style) {
+  // A view comes again, in place of what was there before, and keeps its client.
+  void ExpectCreated(std::uint32_t style = 0) {
+    const HWND made =
+        view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, GetParam() | style, nullptr);
+    ASSERT_NE(made, nullptr);
+    EXPECT_EQ(view->GetControlWindow(), made);
     EXPECT_EQ(CountParents(), 1);
-    EXPECT_EQ(view->GetViewType(), style ? 2 : 1);
-    EXPECT_FALSE(view->GetMultiSelect() && style);
+    EXPECT_EQ(view->GetViewType(), Type());
+    EXPECT_EQ(view->GetMultiSelect(), Type() == 1 && style != QVLS_SINGLESEL);
     ItemHandleList items;
     EXPECT_EQ(view->GetItems(&items, true), 0);
     const ItemHandle item = Insert(TEXT("b"));
@@ -125,9 +132,13 @@ class Proxy : public HostTest {
     }
     return count;
   }
+
+  HWND control = nullptr;
 };
 
-TEST_F(Proxy, AnswersWithoutAnImplementation) {
+INSTANTIATE_TEST_SUITE_P(Views, Proxy, ::testing::Values(0u, std::uint32_t{QVLS_LISTVIEW}));
+
+TEST_P(Proxy, AnswersWithoutAnImplementation) {
   std::uint32_t hitFlags = 5;
   for (const bool listening : {false, true}) {
     view->SetClient(listening ? &client : nullptr);
@@ -139,130 +150,99 @@ TEST_F(Proxy, AnswersWithoutAnImplementation) {
   }
 }
 
-TEST_F(Proxy, AnswersWithoutAControlAndKeepsTheClient) {
-  for (const std::uint32_t style : BOTH_TYPES) {
-    SCOPED_TRACE(style);
-    ASSERT_NE(CreateView(style), nullptr);
-    Insert(TEXT("a"));
-    view->SetMultiSelect(true);
-    view->Destroy();
-    client.Take();
-    EXPECT_EQ(CountParents(), 0);
-    EXPECT_EQ(view->GetViewType(), style ? 2 : 1);
+TEST_P(Proxy, AnswersWithoutAControlAndKeepsTheClient) {
+  Open();
+  view->SetMultiSelect(true);
+  view->Destroy();
+  client.Take();
+  EXPECT_EQ(CountParents(), 0);
+  EXPECT_EQ(view->GetViewType(), Type());
+  ExpectFailures(-1);
+  std::uint32_t hitFlags = 5;
+  EXPECT_EQ(view->HitTest(&SOME_POINT, true, &hitFlags), -1);
+  EXPECT_EQ(hitFlags, 0u);
+  view->SetMultiSelect(true);
+  EXPECT_TRUE(view->GetMultiSelect());
+  ExpectCreated();
+  ReleaseView();
+  EXPECT_EQ(CountParents(), 0);
+}
+
+TEST_P(Proxy, CreateThatFailsLeavesAViewWithoutControl) {
+  for (const int which : {1, 2}) {
+    {
+      creations = 0;
+      creationThatFails = which;
+      const ImportPatch patch("CreateWindowExW", &CreateUnlessItFails);
+      EXPECT_EQ(CreateView(GetParam()), nullptr);
+      EXPECT_EQ(creations, which) << "windows tried";
+    }
+    EXPECT_EQ(client.Take(), Lines());
+    EXPECT_EQ(CountParents(), which - 1) << "the parent stays until Destroy";
+    EXPECT_EQ(view->GetViewType(), Type());
+    if (which == 2) {
+      SendMessageW(GetWindow(host, GW_CHILD), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
+      EXPECT_EQ(client.Take(), Lines{"ContextMenu 60,70 -1 0x0000"});
+    }
+    view->SetClient(nullptr);
     ExpectFailures(-1);
-    std::uint32_t hitFlags = 5;
-    EXPECT_EQ(view->HitTest(&SOME_POINT, true, &hitFlags), -1);
-    EXPECT_EQ(hitFlags, 0u);
+    view->SetClient(&client);
+    ExpectCreated();
+  }
+}
+
+TEST_P(Proxy, SecondCreateReplacesEverythingButTheClient) {
+  for (const std::uint32_t first : {0u, std::uint32_t{QVLS_LISTVIEW}}) {
+    Open(first | QVLS_SINGLESEL);
     view->SetMultiSelect(true);
-    EXPECT_TRUE(view->GetMultiSelect());
-    ASSERT_NE(view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, style, nullptr), nullptr);
-    ExpectUsable(style);
-    ReleaseView();
-    EXPECT_EQ(CountParents(), 0);
-    view = client.view = GetIQVLTreeView();
-  }
-}
-
-TEST_F(Proxy, CreateThatFailsLeavesAViewWithoutControl) {
-  for (const std::uint32_t style : BOTH_TYPES) {
-    for (const int which : {1, 2}) {
-      SCOPED_TRACE(std::to_string(style) + " window " + std::to_string(which));
-      {
-        creations = 0;
-        creationThatFails = which;
-        const ImportPatch patch("CreateWindowExW", &CreateUnlessItFails);
-        EXPECT_EQ(CreateView(style), nullptr);
-        EXPECT_EQ(creations, which) << "windows tried";
-      }
-      EXPECT_EQ(client.Take(), Lines());
-      EXPECT_EQ(CountParents(), which - 1) << "the parent stays until Destroy";
-      EXPECT_EQ(view->GetViewType(), style ? 2 : 1);
-      if (which == 2) {
-        SendMessageW(GetWindow(host, GW_CHILD), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
-        EXPECT_EQ(client.Take(), Lines{"ContextMenu 60,70 -1 0x0000"});
-      }
-      view->SetClient(nullptr);
-      ExpectFailures(-1);
-      EXPECT_EQ(CountParents(), 0);
-      ASSERT_NE(CreateView(style), nullptr);
-      ExpectUsable(style);
-    }
-  }
-}
-
-TEST_F(Proxy, SecondCreateReplacesEverythingButTheClient) {
-  for (const std::uint32_t first : BOTH_TYPES) {
-    for (const std::uint32_t second : BOTH_TYPES) {
-      SCOPED_TRACE(std::to_string(first) + " then " + std::to_string(second));
-      const HWND old = CreateView(first | QVLS_SINGLESEL);
-      ASSERT_NE(old, nullptr);
-      Insert(TEXT("a"));
-      view->SetMultiSelect(true);
-      const HWND control =
-          view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, second | QVLS_SINGLESEL, nullptr);
-      ASSERT_NE(control, nullptr);
-      EXPECT_FALSE(IsWindow(old));
-      EXPECT_EQ(view->GetControlWindow(), control);
-      EXPECT_FALSE(view->GetMultiSelect());
-      ExpectUsable(second);
-    }
+    ExpectCreated(QVLS_SINGLESEL);
+    EXPECT_FALSE(IsWindow(control));
   }
 }
 
 // A host may close its own window first.
-TEST_F(Proxy, ReleaseAfterTheHostsWindowOrOfNothing) {
-  for (const std::uint32_t style : BOTH_TYPES) {
-    ASSERT_NE(CreateView(style), nullptr);
-    Insert(TEXT("a"));
-    DestroyWindow(view->GetControlWindow());
-    view->DeleteAllItems();
-    EXPECT_EQ(view->GetSelectedCount(), 0);
-  }
+TEST_P(Proxy, ReleaseAfterTheHostsWindowOrOfNothing) {
+  Open();
+  DestroyWindow(control);
+  view->DeleteAllItems();
+  EXPECT_EQ(view->GetSelectedCount(), 0);
+  Open();
   DestroyWindow(host);
   EXPECT_FALSE(view->DeleteItem(1));
   ReleaseView();
   ReleaseIQVLTreeView(nullptr);
 }
 
-TEST_F(Proxy, WindowsThatThePlatformKeepsNoLongerFindTheirView) {
-  for (const std::uint32_t style : BOTH_TYPES) {
-    const HWND control = CreateView(style);
-    ASSERT_NE(control, nullptr);
-    Insert(TEXT("a"));
-    {
-      const ImportPatch patch("DestroyWindow", &RefuseToDestroy);
-      ReleaseView();
-    }
-    client.Take();
-    SendMessageW(GetParent(control), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
-    SendMessageW(control, WM_KEYDOWN, VK_DOWN, 1);
-    SendMessageW(control, WM_SETREDRAW, TRUE, 0);
-    EXPECT_EQ(client.Take(), Lines());
-    DestroyWindow(GetParent(control));
-    view = client.view = GetIQVLTreeView();
+TEST_P(Proxy, WindowsThatThePlatformKeepsNoLongerFindTheirView) {
+  Open();
+  {
+    const ImportPatch patch("DestroyWindow", &RefuseToDestroy);
+    ReleaseView();
   }
+  client.Take();
+  SendMessageW(GetParent(control), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
+  SendMessageW(control, WM_KEYDOWN, VK_DOWN, 1);
+  SendMessageW(control, WM_SETREDRAW, TRUE, 0);
+  EXPECT_EQ(client.Take(), Lines());
 }
 
 // The old control goes first, and what it reports then may change everything.
-TEST_F(Proxy, CallbackMayCreateOrReleaseWhileASecondCreateEndsTheOldControl) {
+TEST_P(Proxy, CallbackMayCreateOrReleaseWhileASecondCreateEndsTheOldControl) {
   const ImportPatch report("DestroyWindow", &ReportThenDestroy);
-  HWND inner = nullptr;
-  ASSERT_NE(CreateView(), nullptr);
+  Open(0);
   client.onItemExpanded = [&](ItemHandle) {
     client.onItemExpanded = nullptr;
-    inner = CreateView();
+    control = CreateView();
   };
-  const HWND outer = CreateView();
-  EXPECT_NE(outer, nullptr);
-  EXPECT_NE(inner, nullptr);
-  EXPECT_FALSE(IsWindow(inner)) << "the outer Create came last";
-  EXPECT_EQ(view->GetControlWindow(), outer);
-  EXPECT_EQ(CountParents(), 1);
+  ExpectCreated();
+  EXPECT_NE(control, nullptr);
+  EXPECT_FALSE(IsWindow(control)) << "the outer Create came last";
+  Open(0);
   client.onItemExpanded = [&](ItemHandle) {
     client.onItemExpanded = nullptr;
     ReleaseView();
   };
-  EXPECT_EQ(CreateView(), nullptr);
+  EXPECT_EQ(CreateView(GetParam()), nullptr);
   EXPECT_EQ(CountParents(), 0);
 }
 

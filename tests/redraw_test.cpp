@@ -12,9 +12,10 @@
 namespace {
 
 // What the library asks of the drawing of any window.
-const std::string NONE;
+const std::string NOTHING;
 const std::string SUSPENDED = "off ";
-const std::string SUSPENDED_AND_PUT_BACK = "off on ";
+const std::string ONE_DRAWING = "off on ";
+const std::string TWO_DRAWINGS = "off on off on ";
 
 struct Operation {
   const char* name;
@@ -35,17 +36,8 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
  protected:
   bool IsList() const { return GetParam() == QVLS_LISTVIEW; }
 
-  void OpenAnew() {
-    if (!view) view = client.view = GetIQVLTreeView();
-    OpenEmpty(QVLS_CHECKBOXES | QVLS_SHOWSELALWAYS | GetParam());
-  }
-
   void OpenWith(int count) {
-    OpenAnew();
-    AddItems(count);
-  }
-
-  void AddItems(int count) {
+    OpenEmpty(QVLS_CHECKBOXES | QVLS_SHOWSELALWAYS | GetParam());
     items.clear();
     for (int i = 0; i < count; ++i) items.push_back(Insert(TEXT("i")));
     Settle();
@@ -67,7 +59,7 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
     return requests;
   }
 
-  void HostSetsRedraw(bool on) { SendMessageW(control, WM_SETREDRAW, on, 0); }
+  void HostSetsRedraw(bool on) { Ask(WM_SETREDRAW, on); }
 
   bool WaitsToBeDrawn() {
     RECT area = {};
@@ -77,20 +69,12 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
     return waiting.right == area.right && waiting.bottom == area.bottom && area.right > 0;
   }
 
-  // Does something in that report of the next operation, from 1.
-  void AtReport(int number, const std::function<void()>& action) {
-    reports = 0;
-    client.onItemSelectionChanged = [=, this](ItemHandle) {
-      if (++reports == number) action();
-    };
-  }
-
   // Without letting anything be drawn.
   void ShiftPress(ItemHandle item) {
     const POINT point = LabelPoint(item);
     const LPARAM packed = MAKELPARAM(point.x, point.y);
     PostMessageW(control, WM_LBUTTONUP, 0, packed);
-    SendMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, packed);
+    Ask(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, packed);
   }
 
   std::vector<Operation> Operations() {
@@ -115,28 +99,26 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
 
   std::vector<HostsWay> HostsWays() {
     const auto suspend = [this] { HostSetsRedraw(false); };
-    const auto suspendAndPutBack = [this] { HostSetsRedraw(false), HostSetsRedraw(true); };
     const auto hide = [this] { view->Hide(); };
     const auto hideHost = [this] { ShowWindow(host, SW_HIDE); };
+    const auto putBack = [this] { HostSetsRedraw(false), HostSetsRedraw(true); };
     const auto check = [this] { view->CheckAll(); };
     const auto checkAndClear = [this] { view->CheckAll(), view->ClearSelection(); };
     return {
-        {"suspended before", suspend, 0, NONE, NONE},
-        {"suspended early", suspend, 3, NONE, NONE},
-        {"suspended late", suspend, 12, SUSPENDED, NONE},
-        {"put back", suspendAndPutBack, 12, SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
-        {"hidden before", hide, 0, NONE, NONE},
-        {"hidden with its host", hideHost, 0, NONE, NONE},
-        {"hidden late", hide, 12, SUSPENDED_AND_PUT_BACK, NONE},
-        {"operation before the outer one suspends", check, 3,
-         SUSPENDED_AND_PUT_BACK + SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
-        {"operation within", checkAndClear, 12, SUSPENDED_AND_PUT_BACK, SUSPENDED_AND_PUT_BACK},
+        {"suspended before", suspend, 0, NOTHING, NOTHING},
+        {"suspended early", suspend, 3, NOTHING, NOTHING},
+        {"suspended late", suspend, 12, SUSPENDED, NOTHING},
+        {"put back", putBack, 12, ONE_DRAWING, ONE_DRAWING},
+        {"hidden before", hide, 0, NOTHING, NOTHING},
+        {"hidden with its host", hideHost, 0, NOTHING, NOTHING},
+        {"hidden late", hide, 12, ONE_DRAWING, NOTHING},
+        {"operation before the outer one suspends", check, 3, TWO_DRAWINGS, ONE_DRAWING},
+        {"operation within", checkAndClear, 12, ONE_DRAWING, ONE_DRAWING},
     };
   }
 
   ItemHandleList items;
   SentMessages sent;
-  int reports = 0;
 };
 
 TEST_P(RedrawTest, ManyChangesAreDrawnOnceAtTheEndAndAHandfulAsItComes) {
@@ -147,7 +129,7 @@ TEST_P(RedrawTest, ManyChangesAreDrawnOnceAtTheEndAndAHandfulAsItComes) {
       operation.prepare();
       Settle();
       operation.run();
-      EXPECT_EQ(Requests(), count > 8 ? SUSPENDED_AND_PUT_BACK : NONE);
+      EXPECT_EQ(Requests(), count > 8 ? ONE_DRAWING : NOTHING);
       EXPECT_TRUE(count <= 8 || WaitsToBeDrawn());
       EXPECT_TRUE(IsWindowVisible(control));
     }
@@ -161,7 +143,7 @@ TEST_P(RedrawTest, ItemsThatStayAsTheyAreAreNoChanges) {
     for (std::size_t i = 0; i < 12; ++i) view->SetItemSelected(items[i], select);
     Settle();
     select ? view->SelectAll() : view->ClearSelection();
-    EXPECT_EQ(Requests(), NONE);
+    EXPECT_EQ(Requests(), NOTHING);
     EXPECT_EQ(view->GetSelectedCount(), select ? 20 : 0);
   }
 }
@@ -172,7 +154,10 @@ TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
     OpenWith(20);
     if (c.report == 0) c.action();
     Settle();
-    AtReport(c.report, c.action);
+    int reports = 0;
+    client.onItemSelectionChanged = [&](ItemHandle) {
+      if (++reports == c.report) c.action();
+    };
     view->SelectAll();
     EXPECT_EQ(Requests(), c.requests);
     client.onItemSelectionChanged = nullptr;
@@ -180,7 +165,7 @@ TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
     view->InvertSelection();
     EXPECT_EQ(Requests(), c.next);
     // The real tree invalidates the items that change even while its redrawing is suspended.
-    EXPECT_TRUE(c.next != NONE || (REAL_CONTROL && !IsList()) || !WaitsToBeDrawn());
+    EXPECT_TRUE(c.next != NOTHING || (REAL_CONTROL && !IsList()) || !WaitsToBeDrawn());
 
     HostSetsRedraw(true);
     view->Show();
@@ -188,7 +173,7 @@ TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
     EXPECT_TRUE(IsWindowVisible(control));
     Settle();
     view->InvertSelection();
-    EXPECT_EQ(Requests(), SUSPENDED_AND_PUT_BACK);
+    EXPECT_EQ(Requests(), ONE_DRAWING);
   }
 }
 

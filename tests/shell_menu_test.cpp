@@ -33,7 +33,7 @@ class ShellMenuTest : public EachSelectionView {
   bool Show(const FileNameList& names) {
     AnswerWith(names);
     const bool shown = view->ShowContextMenu(10, 20);
-    shell.ExpectNothingHeld();
+    EXPECT_TRUE(shell.HoldsNothing());
     EXPECT_EQ(LinesOfAMenuMessage(), Lines()) << "the menu is gone";
     return shown;
   }

@@ -118,7 +118,7 @@ class CallbackTest : public View {
     ExpectTheRest();
     ended = false;
     if (view) ExpectUsable();
-    shell.ExpectNothingHeld();
+    EXPECT_TRUE(shell.HoldsNothing());
     return done;
   }
 

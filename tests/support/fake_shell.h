@@ -25,8 +25,8 @@ using Name = std::basic_string<WCHAR>;
 //   Invoke 4                  DestroyMenu                 Free ids | Free array
 //   Release menu | menu 2 | desktop | allocator | C:\a
 //
-// Arguments that are always the same are checked here. ExpectNothingHeld tells whether every
-// interface was released and every block freed.
+// Arguments that are always the same are checked here. HoldsNothing tells whether every interface
+// was released, every block freed and every menu destroyed.
 class FakeShell {
  public:
   FakeShell();
@@ -34,7 +34,7 @@ class FakeShell {
 
   // The lines since the last Take, oldest first.
   Lines Take() { return std::exchange(lines, {}); }
-  void ExpectNothingHeld() const;
+  bool HoldsNothing() const { return held == 0 && blocks.empty(); }
 
   // One call that fails, by its first word in the lines, or "child id of x" for the copy of that
   // id.
@@ -53,8 +53,7 @@ class FakeShell {
   void* Allocate(const void* content, SIZE_T size, const char* what);
   Lines lines;
   std::map<void*, std::string> blocks;
-  int interfaces = 0;
-  int menus = 0;
+  int held = 0;  // interfaces and menus
   bool nextCopyFails = false;
 
  private:
