@@ -24,29 +24,21 @@ Lines Split(const std::string& text) {
   return lines;
 }
 
-std::ptrdiff_t CountOf(const Lines& lines, const std::string& line) {
-  return std::count(lines.begin(), lines.end(), line);
-}
-
 class ShellMenuTest : public EachSelectionView {
  protected:
   bool Show(const FileNameList& names) {
     AnswerWith(names);
     const bool shown = view->ShowContextMenu(10, 20);
     EXPECT_TRUE(shell.HoldsNothing());
-    EXPECT_EQ(LinesOfAMenuMessage(), Lines()) << "the menu is gone";
+    lines = shell.Take();
+    SendMenuMessage();
+    EXPECT_EQ(shell.Take(), Lines()) << "the menu is gone";
     return shown;
   }
 
-  // What reaches the shell of a menu message now, behind what it wrote before.
-  Lines LinesOfAMenuMessage() {
-    const Lines before = shell.Take();
-    SendMessageW(parent, WM_INITMENUPOPUP, 0, 0);
-    Lines lines = shell.Take();
-    for (const std::string& line : before) shell.lines.push_back(line);
-    return lines;
-  }
+  void SendMenuMessage() { SendMessageW(parent, WM_INITMENUPOPUP, 0, 0); }
 
+  Lines lines;  // of the last Show
   FakeShell shell;
 };
 
@@ -56,7 +48,7 @@ TEST_P(ShellMenuTest, EverythingIsTakenAndReleasedInOrder) {
   for (const int command : {1, 5, 0x7FFF}) {
     shell.onTrack = [=] { return command; };
     EXPECT_TRUE(Show({FILE_X, TEXT("D:\\b\\y")}));
-    EXPECT_EQ(shell.Take(),
+    EXPECT_EQ(lines,
               Split("SHGetMalloc|Alloc 16|SHGetDesktopFolder|"
                     "Parse C:\\a\\x|Bind C:\\a|Free ids|"
                     "Parse C:\\a\\x|Bind C:\\a|Free ids|Release C:\\a|"
@@ -100,7 +92,7 @@ TEST_P(ShellMenuTest, FailuresEndTheConversationAndReleaseWhatWasTaken) {
   for (const auto& test : cases) {
     shell.failing = test.failing;
     EXPECT_EQ(Show({FILE_X}), test.shown) << test.failing;
-    EXPECT_EQ(shell.Take(), Split(test.lines)) << test.failing;
+    EXPECT_EQ(lines, Split(test.lines)) << test.failing;
   }
 }
 
@@ -108,10 +100,9 @@ TEST_P(ShellMenuTest, LaterNamesThatFailContributeAnEmptyIdOrNone) {
   shell.unknown = TEXT("C:\\a\\gone");
   shell.failing = "child id of y";
   EXPECT_TRUE(Show({FILE_X, shell.unknown, TEXT("C:\\a\\y"), TEXT("C:\\a\\z")}));
-  const Lines lines = shell.Take();
   // The unknown name's id is empty, and the third has no copy at all.
-  EXPECT_EQ(CountOf(lines, "GetUIObjectOf C:\\a: x  null z"), 1);
-  EXPECT_EQ(CountOf(lines, "Track 10,20"), 1);
+  EXPECT_EQ(std::ranges::count(lines, "GetUIObjectOf C:\\a: x  null z"), 1);
+  EXPECT_EQ(std::ranges::count(lines, "Track 10,20"), 1);
 }
 
 TEST_P(ShellMenuTest, NamesReachTheShellAsTheyAre) {
@@ -137,7 +128,6 @@ TEST_P(ShellMenuTest, NamesReachTheShellAsTheyAre) {
     if (test.shown) expected.insert(expected.end(), test.names.begin(), test.names.end());
     EXPECT_TRUE(shell.parsed == expected) << shell.parsed.size();
     shell.parsed.clear();
-    shell.Take();
   }
 
   EXPECT_TRUE(Show({FILE_X + Name(1, WCHAR()) + TEXT("y")}));
@@ -181,7 +171,9 @@ TEST_P(ShellMenuTest, AMenuShownFromWithinAMenuLeavesTheOuterOneActive) {
     if (++depth == 1) {
       EXPECT_TRUE(view->ShowContextMenu(30, 40));
     }
-    EXPECT_EQ(LinesOfAMenuMessage(), Lines{"HandleMenuMsg 0x117 0 0"}) << depth;
+    shell.Take();
+    SendMenuMessage();
+    EXPECT_EQ(shell.Take(), Lines{"HandleMenuMsg 0x117 0 0"}) << depth;
     return 0;
   };
   EXPECT_TRUE(Show({FILE_X}));

@@ -24,12 +24,12 @@ struct Flow {
   std::function<void()> run;
 };
 
-enum class Left { CHANGED_VIEW, VIEW_WITHOUT_CLIENT, OTHER_VIEW, NO_VIEW };
+enum class Left { CHANGED, UNHEARD, OTHER, GONE };
 
 // What the host does inside one of these calls, about an item of the view.
 struct Deed {
   const char* name;
-  Left left;
+  Left left;       // of the view
   bool takesAway;  // the control or an item
   std::function<void(ItemHandle)> run;
 };
@@ -84,12 +84,28 @@ class CallbackTest : public View {
     }
   }
 
+  // The flows that are the same for both views.
+  std::vector<Flow> CommonFlows(Busy busy) {
+    return {
+        {"SelectAll", busy, [this] { view->SelectAll(); }},
+        {"SelectAll of many", busy,
+         [this] {
+           for (int i = 0; i < 9; ++i) this->Insert(TEXT("further"));
+           view->SelectAll();
+         }},
+        {"ClearSelection", busy, [this] { view->ClearSelection(); }},
+        {"InvertSelection", busy, [this] { view->InvertSelection(); }},
+        {"ShowContextMenu", Busy::NEVER,
+         [this] { ExpectResult(view->ShowContextMenu(5, 5), true, false); }},
+    };
+  }
+
   // What the operation gives that makes the calls.
   template <class Value>
   void ExpectResult(Value result, Value success, std::type_identity_t<Value> failure) const {
     if (ended) {
       EXPECT_EQ(result, failure);
-    } else if (!done || deed->left == Left::VIEW_WITHOUT_CLIENT) {
+    } else if (!done || deed->left == Left::UNHEARD) {
       EXPECT_EQ(result, success);
     }
   }
@@ -126,7 +142,7 @@ class CallbackTest : public View {
     if (callsToCome-- != 0) return;
     done = true;
     deed->run(item > 0 ? item : current);
-    ended = deed->left == Left::OTHER_VIEW || deed->left == Left::NO_VIEW;
+    ended = deed->left == Left::OTHER || deed->left == Left::GONE;
     client.Take();
   }
 
@@ -177,7 +193,7 @@ class CallbackTest : public View {
 
   // No call comes after an ending, brackets are closed otherwise, and a new view is as it was made.
   void ExpectTheRest() {
-    if (done && deed->left != Left::CHANGED_VIEW) {
+    if (done && deed->left != Left::CHANGED) {
       EXPECT_EQ(client.Take(), Lines());
     } else {
       EXPECT_EQ(client.depth, 0);
@@ -210,24 +226,21 @@ class CallbackTest : public View {
   }
 
   const std::vector<Deed> DEEDS = {
-      {"SetClient", Left::VIEW_WITHOUT_CLIENT, false,
-       [this](ItemHandle) { view->SetClient(nullptr); }},
-      {"DeleteItem", Left::CHANGED_VIEW, true, [this](ItemHandle item) { view->DeleteItem(item); }},
-      {"DeleteItem of the last", Left::CHANGED_VIEW, true,
-       [this](ItemHandle) { view->DeleteItem(last); }},
-      {"DeleteAllItems", Left::CHANGED_VIEW, true, [this](ItemHandle) { view->DeleteAllItems(); }},
-      {"collapse", Left::CHANGED_VIEW, false, [this](ItemHandle) { view->CollapseAll(); }},
-      {"select", Left::CHANGED_VIEW, false,
+      {"SetClient", Left::UNHEARD, false, [this](ItemHandle) { view->SetClient(nullptr); }},
+      {"DeleteItem", Left::CHANGED, true, [this](ItemHandle item) { view->DeleteItem(item); }},
+      {"delete the last", Left::CHANGED, true, [this](ItemHandle) { view->DeleteItem(last); }},
+      {"DeleteAllItems", Left::CHANGED, true, [this](ItemHandle) { view->DeleteAllItems(); }},
+      {"collapse", Left::CHANGED, false, [this](ItemHandle) { view->CollapseAll(); }},
+      {"select", Left::CHANGED, false,
        [this](ItemHandle item) {
          view->InvertSelection();
          view->SetItemSelected(item, true);
          SendMessageW(control, WM_KEYDOWN, VK_HOME, 1);
        }},
-      {"Destroy", Left::OTHER_VIEW, true, [this](ItemHandle) { view->Destroy(); }},
-      {"release", Left::NO_VIEW, true, [this](ItemHandle) { this->ReleaseView(); }},
-      {"Create of a tree", Left::OTHER_VIEW, true, [this](ItemHandle) { CreateAnew(0); }},
-      {"Create of a list", Left::OTHER_VIEW, true,
-       [this](ItemHandle) { CreateAnew(QVLS_LISTVIEW); }},
+      {"Destroy", Left::OTHER, true, [this](ItemHandle) { view->Destroy(); }},
+      {"release", Left::GONE, true, [this](ItemHandle) { this->ReleaseView(); }},
+      {"Create of a tree", Left::OTHER, true, [this](ItemHandle) { CreateAnew(0); }},
+      {"Create of a list", Left::OTHER, true, [this](ItemHandle) { CreateAnew(QVLS_LISTVIEW); }},
   };
 
   FakeDrag drag;

@@ -116,10 +116,11 @@ class FakeMenu final : public Counted<IContextMenu2> {
     return E_FAIL;
   }
   HRESULT HandleMenuMsg(UINT message, WPARAM wParam, LPARAM lParam) override {
-    char numbers[80];
-    std::snprintf(numbers, sizeof numbers, "0x%X %d %d", message, int(wParam), int(lParam));
+    char line[80];
+    std::snprintf(line, sizeof line, "HandleMenuMsg 0x%X %d %d", message, static_cast<int>(wParam),
+                  static_cast<int>(lParam));
     EXPECT_EQ(name, "menu 2");
-    shell->lines.push_back(std::string("HandleMenuMsg ") + numbers);
+    shell->lines.push_back(line);
     return E_FAIL;
   }
   HRESULT GetCommandString(UINT_PTR, UINT, UINT*, CHAR*, UINT) override { return E_NOTIMPL; }
