@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/fake_drag.h"
@@ -23,8 +24,7 @@ DWORD WINAPI MessagePosition() { return messagePosition; }
 // The global memory that the library takes: counted, filled with rubbish, or refused.
 struct FakeMemory {
   static inline SIZE_T size = 0;
-  static inline int held = 0;
-  static inline int locks = 0;
+  static inline int held = 0;  // blocks and locks
   static inline bool failAlloc = false;
   static inline bool failLock = false;
 
@@ -43,11 +43,11 @@ struct FakeMemory {
   }
   static LPVOID WINAPI Lock(HGLOBAL block) {
     if (failLock) return nullptr;
-    ++locks;
+    ++held;
     return GlobalLock(block);
   }
   static BOOL WINAPI Unlock(HGLOBAL block) {
-    --locks;
+    --held;
     return GlobalUnlock(block);
   }
 
@@ -89,7 +89,6 @@ class DragDropTest : public EachSelectionView {
     BeginDrag(a);
     ASSERT_EQ(drag.runs, 1);
     EXPECT_EQ(FakeMemory::held, 0);
-    EXPECT_EQ(FakeMemory::locks, 0);
   }
 
   FakeDrag drag;
@@ -120,21 +119,18 @@ TEST_P(DragDropTest, EveryNameStandsInTheBlockWithItsNull) {
   const Text surrogates = {WCHAR(0xD83D), WCHAR(0xDCC4), WCHAR('x')};
   const Text null(1, WCHAR());
   const Text one = TEXT("a");
-  const struct {
-    FileNameList names;
-    Text expected;
-  } cases[] = {
+  const std::pair<FileNameList, Text> cases[] = {
       {{Text()}, null + null},
       {{one, Text(), one}, one + null + null + one + null + null},
       {{TEXT("C:\\")}, TEXT("C:\\") + null + null},
       {{surrogates, longName}, surrogates + null + longName + null + null},
       {{one + null + TEXT("b")}, one + null + null},
   };
-  for (const auto& test : cases) {
-    Drag(test.names, [&](IDataObject* data, IDropSource*) {
+  for (const auto& [names, expected] : cases) {
+    Drag(names, [&expected = expected](IDataObject* data, IDropSource*) {
       const Bytes block = TakeBlock(data);
-      ASSERT_EQ(block.size(), 20 + 2 * test.expected.size());
-      EXPECT_EQ(std::memcmp(block.data() + 20, test.expected.data(), 2 * test.expected.size()), 0);
+      ASSERT_EQ(block.size(), 20 + 2 * expected.size());
+      EXPECT_EQ(std::memcmp(block.data() + 20, expected.data(), 2 * expected.size()), 0);
     });
   }
 }
@@ -143,19 +139,16 @@ TEST_P(DragDropTest, BothBasesAnswerForTheOneObject) {
   Drag({TEXT("a")}, [](IDataObject* data, IDropSource* source) {
     IID almost = IID_IDataObject;
     ++almost.Data4[7];
-    const struct {
-      const IID& riid;
-      void* given;
-    } cases[] = {{IID_IUnknown, source},
-                 {IID_IDropSource, source},
-                 {IID_IDataObject, data},
-                 {IID_IDropTarget, nullptr},
-                 {almost, nullptr}};
+    const std::pair<IID, void*> cases[] = {{IID_IUnknown, source},
+                                           {IID_IDropSource, source},
+                                           {IID_IDataObject, data},
+                                           {IID_IDropTarget, nullptr},
+                                           {almost, nullptr}};
     for (IUnknown* base : {static_cast<IUnknown*>(source), static_cast<IUnknown*>(data)}) {
-      for (const auto& test : cases) {
+      for (const auto& [wanted, expected] : cases) {
         void* given = source;
-        EXPECT_EQ(base->QueryInterface(test.riid, &given), test.given ? S_OK : E_NOINTERFACE);
-        EXPECT_EQ(given, test.given);
+        EXPECT_EQ(base->QueryInterface(wanted, &given), expected ? S_OK : E_NOINTERFACE);
+        EXPECT_EQ(given, expected);
       }
       EXPECT_EQ(base->AddRef(), 1u);
       EXPECT_EQ(base->Release(), 1u);
@@ -167,20 +160,14 @@ TEST_P(DragDropTest, BothBasesAnswerForTheOneObject) {
 
 TEST_P(DragDropTest, ButtonsAndEscapeDecideTheDrag) {
   Drag({TEXT("a")}, [](IDataObject*, IDropSource* source) {
-    const struct {
-      BOOL escape;
-      DWORD keys;
-      HRESULT result;
-    } cases[] = {
-        {TRUE, MK_LBUTTON, DRAGDROP_S_CANCEL},
-        {2, 0, DRAGDROP_S_CANCEL},
-        {FALSE, MK_LBUTTON | MK_RBUTTON, DRAGDROP_S_CANCEL},
-        {FALSE, MK_LBUTTON | MK_CONTROL | MK_SHIFT, S_OK},
-        {FALSE, MK_CONTROL | MK_MBUTTON, DRAGDROP_S_DROP},
+    const auto decide = [=](BOOL escape, DWORD keys) {
+      return source->QueryContinueDrag(escape, keys);
     };
-    for (const auto& test : cases) {
-      EXPECT_EQ(source->QueryContinueDrag(test.escape, test.keys), test.result) << test.keys;
-    }
+    EXPECT_EQ(decide(TRUE, MK_LBUTTON), DRAGDROP_S_CANCEL);
+    EXPECT_EQ(decide(2, 0), DRAGDROP_S_CANCEL);
+    EXPECT_EQ(decide(FALSE, MK_LBUTTON | MK_RBUTTON), DRAGDROP_S_CANCEL);
+    EXPECT_EQ(decide(FALSE, MK_LBUTTON | MK_CONTROL | MK_SHIFT), S_OK);
+    EXPECT_EQ(decide(FALSE, MK_CONTROL | MK_MBUTTON), DRAGDROP_S_DROP);
     for (const DWORD effect : {DROPEFFECT_NONE, DROPEFFECT_COPY, DROPEFFECT_MOVE}) {
       EXPECT_EQ(source->GiveFeedback(effect), DRAGDROP_S_USEDEFAULTCURSORS);
     }

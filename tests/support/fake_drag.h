@@ -12,24 +12,21 @@
 // `onDrag`, whose result is the loop's.
 class FakeDrag {
  public:
-  FakeDrag() { Current() = this; }
-  ~FakeDrag() { Current() = nullptr; }
+  FakeDrag() { current = this; }
+  ~FakeDrag() { current = nullptr; }
 
   int runs = 0;
   std::function<HRESULT(IDataObject* data, IDropSource* source)> onDrag =
       [](IDataObject*, IDropSource*) { return DRAGDROP_S_DROP; };
 
  private:
-  static FakeDrag*& Current() {
-    static FakeDrag* current = nullptr;
-    return current;
-  }
+  static inline FakeDrag* current = nullptr;
 
   static HRESULT WINAPI Run(IDataObject* data, IDropSource* source, DWORD allowed, DWORD* effect) {
     EXPECT_EQ(allowed, 1u);
     EXPECT_NE(effect, nullptr);
-    ++Current()->runs;
-    return Current()->onDrag(data, source);
+    ++current->runs;
+    return current->onDrag(data, source);
   }
 
   ImportPatch patch{"DoDragDrop", &Run};
