@@ -34,30 +34,12 @@ struct Deed {
   std::function<void(ItemHandle)> run;
 };
 
-// Whether the view that called has ended.
-inline bool ended = false;
-
 // The item that a message to a tree names, or null.
 inline HTREEITEM NamedItem(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == TVM_GETITEMSTATE) return reinterpret_cast<HTREEITEM>(wParam);
   if (message == TVM_SETITEMW) return reinterpret_cast<TVITEMW*>(lParam)->hItem;
   const bool named = message == TVM_GETNEXTITEM || message == TVM_SELECTITEM;
   return named ? reinterpret_cast<HTREEITEM>(lParam) : nullptr;
-}
-
-// Stands before the library's SendMessageW: a flow says nothing to any control once its view has
-// ended, and never names an item that has been deleted. Only the stand-in can be asked whether it
-// has; the platform's control reads what the handle points to.
-inline LRESULT WINAPI CheckingSend(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  EXPECT_FALSE(ended) << "message " << message << " is sent all the same";
-  TVITEMW item = {};
-  item.mask = TVIF_PARAM;
-  item.hItem = NamedItem(message, wParam, lParam);
-  if (item.hItem && !REAL_CONTROL) {
-    EXPECT_NE(SendMessageW(window, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)), 0)
-        << "message " << message << " names a deleted item";
-  }
-  return SendMessageW(window, message, wParam, lParam);
 }
 
 // Does every deed inside every call of a flow. `View` is TreeTest or ListTest.
@@ -113,8 +95,24 @@ class CallbackTest : public View {
   // The items that the deeds are about; `current` where a call names none.
   ItemHandle current = 0, last = 0;
   const Deed* deed = nullptr;
+  static inline bool ended = false;  // the view that called
 
  private:
+  // Stands before the library's SendMessageW: a flow says nothing to any control once its view has
+  // ended, and never names an item that has been deleted. Only the stand-in can be asked whether it
+  // has; the platform's control reads what the handle points to.
+  static LRESULT WINAPI CheckingSend(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    EXPECT_FALSE(ended) << "message " << message << " is sent all the same";
+    TVITEMW item = {};
+    item.mask = TVIF_PARAM;
+    item.hItem = NamedItem(message, wParam, lParam);
+    if (item.hItem && !REAL_CONTROL) {
+      EXPECT_NE(SendMessageW(window, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)), 0)
+          << "message " << message << " names a deleted item";
+    }
+    return SendMessageW(window, message, wParam, lParam);
+  }
+
   // Does the deed inside call number `place`, from 0, of the flow. False if the flow makes fewer.
   bool DoInsideCall(int place, const Flow& flow) {
     this->ReleaseView();

@@ -10,9 +10,6 @@
 
 #include "support/host_window.h"
 
-// What the host window has been told, with a comma between two words.
-inline std::string told;
-
 inline std::string WordFor(const NMHDR& header) {
   const auto& tree = reinterpret_cast<const NMTREEVIEWW&>(header);
   const auto& row = reinterpret_cast<const NMLISTVIEW&>(header);
@@ -35,17 +32,6 @@ inline std::string WordFor(const NMHDR& header) {
   }
 }
 
-inline LRESULT CALLBACK ContractHostProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  const bool notified = message == WM_NOTIFY;
-  const std::string word = notified                    ? WordFor(*reinterpret_cast<NMHDR*>(lParam))
-                           : message == WM_CONTEXTMENU ? "menu"
-                           : message == WM_DESTROY     ? "destroy"
-                           : message == WM_NCDESTROY   ? "gone"
-                                                       : "";
-  if (!word.empty()) told += (told.empty() ? "" : ",") + word;
-  return notified ? 0 : DefWindowProcW(window, message, wParam, lParam);
-}
-
 // The control of TreeTest or ListTest without the library round it. The host window keeps a word
 // for each notification that the library acts on, each context request, and its own end, in their
 // order:
@@ -61,7 +47,7 @@ class ContractTest : public View {
 
   void SetUp() override {
     View::SetUp();
-    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ContractHostProc));
+    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&HostProc));
   }
 
   void TearDown() override {
@@ -114,6 +100,20 @@ class ContractTest : public View {
     SetKeyboardState(keys);
   }
 
-  // The words since the last call.
+  // The words since the last call, with a comma between two.
   std::string Told() { return std::exchange(told, {}); }
+
+ private:
+  static LRESULT CALLBACK HostProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool notified = message == WM_NOTIFY;
+    const std::string word = notified ? WordFor(*reinterpret_cast<NMHDR*>(lParam))
+                             : message == WM_CONTEXTMENU ? "menu"
+                             : message == WM_DESTROY     ? "destroy"
+                             : message == WM_NCDESTROY   ? "gone"
+                                                         : "";
+    if (!word.empty()) told += (told.empty() ? "" : ",") + word;
+    return notified ? 0 : DefWindowProcW(window, message, wParam, lParam);
+  }
+
+  static inline std::string told;
 };
