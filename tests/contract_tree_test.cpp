@@ -50,7 +50,7 @@ class TreeContract : public ContractTest<TreeTest> {
     insert.hInsertAfter = TVI_LAST;
     insert.item.mask = TVIF_TEXT | TVIF_PARAM;
     insert.item.pszText = text;
-    insert.item.lParam = name;
+    insert.item.lParam = text[0];
     const ItemHandle item = AskRecord(TVM_INSERTITEMW, 0, &insert);
     client.labels[item] = name;
     return item;
@@ -75,52 +75,46 @@ class TreeContract : public ContractTest<TreeTest> {
 TEST_F(TreeContract, WhatIsDoneIsToldAndMovesTheCaret) {
   const struct {
     const char* what;
-    char caret;
+    const char* caret;  // before and after
     std::function<void()> act;
     const char* told;
-    char caretAfter;
     DWORD style = PLAIN;
   } cases[] = {
-      {"selection of a hidden item", 'a', [this] { MoveCaret(Item('d')); }, "+c,+a,caret d", 'd'},
-      {"selection of nothing", 'a', [this] { MoveCaret(0); }, "clear", '-'},
-      {"collapse over the caret", 'd', [this] { Collapse('a'); }, "", 'a'},
-      {"deletion of an only child", 'd', [this] { Delete('d'); }, "deleted d,caret c", 'c'},
-      {"deletion of a first item", 'b', [this] { Delete('b'); }, "deleted b,caret c", 'c'},
-      {"deletion of a last item", 'f', [this] { Delete('f'); }, "deleted f,caret e", 'e'},
-      {"deletion above the caret", 'd', [this] { Delete('a'); },
-       "deleted b,deleted d,deleted c,deleted a,caret e", 'e'},
-      {"deletion of all", 'e',
+      {"selection of a hidden item", "ad", [this] { MoveCaret(Item('d')); }, "+c,+a,caret d"},
+      {"selection of nothing", "a-", [this] { MoveCaret(0); }, "clear"},
+      {"collapse over the caret", "da", [this] { Collapse('a'); }, ""},
+      {"deletion of an only child", "dc", [this] { Delete('d'); }, "deleted d,caret c"},
+      {"deletion of a first item", "bc", [this] { Delete('b'); }, "deleted b,caret c"},
+      {"deletion of a last item", "fe", [this] { Delete('f'); }, "deleted f,caret e"},
+      {"deletion above the caret", "de", [this] { Delete('a'); },
+       "deleted b,deleted d,deleted c,deleted a,caret e"},
+      {"deletion of all", "e-",
        [this] { Ask(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT)); },
-       "deleted b,deleted d,deleted c,deleted a,deleted e,deleted f", '-'},
-      {"press", 'f', [this] { Press(At(ON_LABEL, 1)); }, "caret e", 'e'},
-      {"press on a button", 'f', [this] { Press(At(ON_BUTTON, 0)); }, "+a", 'f'},
-      {"press that closes over the caret", 'd', [this] { Press(At(ON_BUTTON, 0)); }, "-a", 'a'},
-      {"press where a button could be", 'f', [this] { Press(At(ON_BUTTON, 1)); }, "", 'f'},
-      {"press beside a label", 'f', [this] { Press(At(BESIDE, 1)); }, "", 'f'},
-      {"press below the items", 'f', [this] { Press(At(ON_LABEL, 10)); }, "", 'f'},
-      {"press on a whole row", 'f', [this] { Press(At(BESIDE, 1)); }, "caret e", 'e',
+       "deleted b,deleted d,deleted c,deleted a,deleted e,deleted f"},
+      {"press", "fe", [this] { Press(At(ON_LABEL, 1)); }, "caret e"},
+      {"press on a button", "ff", [this] { Press(At(ON_BUTTON, 0)); }, "+a"},
+      {"press that closes over the caret", "da", [this] { Press(At(ON_BUTTON, 0)); }, "-a"},
+      {"press where a button could be", "ff", [this] { Press(At(ON_BUTTON, 1)); }, ""},
+      {"press beside a label", "ff", [this] { Press(At(BESIDE, 1)); }, ""},
+      {"press below the items", "ff", [this] { Press(At(ON_LABEL, 10)); }, ""},
+      {"press on a whole row", "fe", [this] { Press(At(BESIDE, 1)); }, "caret e",
        TVS_FULLROWSELECT},
-      {"three pixels", 'f', [this] { Drag(At(ON_LABEL, 1), 3, 3); }, "caret e", 'e'},
-      {"four pixels", 'f', [this] { Drag(At(ON_LABEL, 1), 4, 0); }, "drag e", 'f'},
-      {"drag upwards", 'f', [this] { Drag(At(ON_LABEL, 1), 0, -5); }, "drag e", 'f'},
-      {"drag beside a label", 'f', [this] { Drag(At(BESIDE, 1), 40, 40); }, "", 'f'},
-      {"drag where there is none", 'f', [this] { Drag(At(ON_LABEL, 1), 40, 40); }, "caret e", 'e',
+      {"three pixels", "fe", [this] { Drag(At(ON_LABEL, 1), 3, 3); }, "caret e"},
+      {"four pixels", "ff", [this] { Drag(At(ON_LABEL, 1), 4, 0); }, "drag e"},
+      {"drag upwards", "ff", [this] { Drag(At(ON_LABEL, 1), 0, -5); }, "drag e"},
+      {"drag beside a label", "ff", [this] { Drag(At(BESIDE, 1), 40, 40); }, ""},
+      {"drag where there is none", "fe", [this] { Drag(At(ON_LABEL, 1), 40, 40); }, "caret e",
        PLAIN | TVS_DISABLEDRAGDROP},
-      {"right press", 'f', [this] { RightPress(At(ON_LABEL, 1)); }, "menu", 'f'},
-      {"focus", 'b',
-       [this] {
-         SetFocus(host);
-         SetFocus(control);
-       },
-       "", 'b'},
-      {"hiding", 'e', [this] { ShowWindow(control, SW_HIDE); }, "", 'e'},
+      {"right press", "ff", [this] { RightPress(At(ON_LABEL, 1)); }, "menu"},
+      {"focus", "bb", [this] { SetFocus(host), SetFocus(control); }, ""},
+      {"hiding", "ee", [this] { ShowWindow(control, SW_HIDE); }, ""},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(test.what);
-    MakeTreeAt(test.caret, test.style);
+    MakeTreeAt(test.caret[0], test.style);
     test.act();
     EXPECT_EQ(Told(), test.told);
-    EXPECT_EQ(client.Name(CaretItem()), std::string(1, test.caretAfter));
+    EXPECT_EQ(CaretItem(), Item(test.caret[1]));
   }
   EXPECT_EQ(GetFocus(), host) << "a hidden control hands on the focus";
 }
