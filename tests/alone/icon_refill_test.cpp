@@ -16,7 +16,7 @@ namespace {
 
 ScriptedPlatform* platform = nullptr;
 
-// How often each function that makes, fills or colours the list was called.
+// How often each function that makes, fills or colours a list was called.
 using Calls = std::map<std::string, std::ptrdiff_t>;
 
 const Calls NOTHING;
@@ -39,31 +39,26 @@ class IconRefill : public HostTest {
   void SetUp() override {
     HostTest::SetUp();
     other = GetIQVLTreeView();
-    otherControl = other->Create(host, 7, 0, 0, 50, 50, 0, nullptr);
-    control = CreateView();
-    ASSERT_NE(control, nullptr);
+    ASSERT_NE(other->Create(host, 7, 0, 0, 50, 50, 0, nullptr), nullptr);
+    ASSERT_NE(CreateView(), nullptr);
     Take();
   }
 
   void TearDown() override {
     ReleaseIQVLTreeView(other);
-    platform->failures.clear();
-    platform->results.clear();
+    platform->answers.clear();
     HostTest::TearDown();
   }
 
   // The calls since the last look.
   static Calls Take() {
     Calls calls;
-    for (const std::string& line : platform->Take()) {
-      if (line != "ImageList_GetImageCount" && line != "ImageList_GetIconSize" &&
-          line.starts_with("ImageList_")) {
-        ++calls[line];
-      }
-    }
-    const auto destroyed = static_cast<std::ptrdiff_t>(platform->errorsAtDestroyIcon.size());
-    if (destroyed > 0) calls["DestroyIcon"] = destroyed;
-    platform->errorsAtDestroyIcon.clear();
+    for (const std::string& line : platform->Take()) ++calls[line];
+    std::erase_if(calls, [](const auto& call) {
+      const std::string& name = call.first;
+      return (!name.starts_with("ImageList_") && name != "DestroyIcon") ||
+             name == "ImageList_GetImageCount" || name == "ImageList_GetIconSize";
+    });
     return calls;
   }
 
@@ -79,13 +74,12 @@ class IconRefill : public HostTest {
     return in->UpdateItem(&record, item);
   }
 
-  static HIMAGELIST ListOf(HWND tree) {
-    return reinterpret_cast<HIMAGELIST>(SendMessageW(tree, TVM_GETIMAGELIST, TVSIL_NORMAL, 0));
+  static HIMAGELIST ListOf(IQVLTreeView* tree) {
+    return reinterpret_cast<HIMAGELIST>(
+        SendMessageW(tree->GetControlWindow(), TVM_GETIMAGELIST, TVSIL_NORMAL, 0));
   }
 
   IQVLTreeView* other = nullptr;
-  HWND otherControl = nullptr;
-  HWND control = nullptr;
 };
 
 // Has to be the first: the list is made once in a process.
@@ -96,10 +90,10 @@ TEST_F(IconRefill, FirstUse) {
   EXPECT_EQ(Take(), NOTHING) << "a colour alone makes no list";
 
   const Calls attempts = {{"ImageList_Create", 2}};
-  platform->failures["ImageList_Create"] = ERROR_NOT_ENOUGH_MEMORY;
+  platform->answers["ImageList_Create"] = {ERROR_NOT_ENOUGH_MEMORY};
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), attempts) << "for the images and for the colour";
-  EXPECT_EQ(ListOf(control), nullptr);
+  EXPECT_EQ(ListOf(view), nullptr);
   const ItemHandle item = InsertFile(view);
   EXPECT_NE(item, -1);
   EXPECT_TRUE(UpdateFile(view, item));
@@ -108,21 +102,22 @@ TEST_F(IconRefill, FirstUse) {
   // Only the first of the two attempts fails.
   icons.asked.clear();
   icons.onQuestion = [&] {
-    if (icons.asked.size() > 1) platform->failures.clear();
+    if (icons.asked.size() > 1) platform->answers.clear();
   };
   EXPECT_TRUE(other->UseSystemImageList());
   EXPECT_EQ(Take(), (Calls{{"ImageList_Create", 2}, {"ImageList_SetBkColor", 1}}));
-  const HIMAGELIST shared = ListOf(otherControl);
-  ASSERT_NE(shared, nullptr);
+  const HIMAGELIST shared = ListOf(other);
+  int width = 0;
+  int height = 0;
+  EXPECT_TRUE(ImageList_GetIconSize(shared, &width, &height));
+  EXPECT_EQ(std::pair(width, height), std::pair(16, 16));
   EXPECT_EQ(ImageList_GetImageCount(shared), 0);
   InsertFile(other);
   EXPECT_EQ(Take(), Refill(3));
-  EXPECT_TRUE(SameImages(icons.list, shared));
+  EXPECT_TRUE(HoldsCopies(shared, icons.list));
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), Refill(3, COLOR));
-  EXPECT_EQ(ListOf(control), shared);
-  EXPECT_EQ(platform->createdLists,
-            std::vector<std::vector<int>>(6, {16, 16, ILC_COLOR16, 0, 100}));
+  EXPECT_EQ(ListOf(view), shared);
 }
 
 TEST_F(IconRefill, OncePerViewAndChange) {
@@ -130,13 +125,13 @@ TEST_F(IconRefill, OncePerViewAndChange) {
   icons.Add(5);
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), Refill(5, COLOR));
-  const HIMAGELIST shared = ListOf(control);
+  const HIMAGELIST shared = ListOf(view);
   EXPECT_NE(shared, icons.list);
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), COLOR) << "nothing has changed";
   EXPECT_TRUE(other->UseSystemImageList());
   EXPECT_EQ(Take(), Refill(5, COLOR)) << "a view's first use";
-  EXPECT_EQ(ListOf(otherControl), shared);
+  EXPECT_EQ(ListOf(other), shared);
   const ItemHandle item = InsertFile(view);
   const ItemHandle otherItem = InsertFile(other);
   EXPECT_EQ(Take(), NOTHING);
@@ -144,7 +139,7 @@ TEST_F(IconRefill, OncePerViewAndChange) {
   icons.Add();
   InsertFile(view);
   EXPECT_EQ(Take(), Refill(6));
-  EXPECT_TRUE(SameImages(icons.list, shared));
+  EXPECT_TRUE(HoldsCopies(shared, icons.list));
   InsertFile(view);
   UpdateFile(view, item);
   EXPECT_EQ(Take(), NOTHING);
@@ -156,28 +151,27 @@ TEST_F(IconRefill, OncePerViewAndChange) {
   ImageList_Remove(icons.list, 0);
   UpdateFile(view, item);
   EXPECT_EQ(Take(), Refill(5));
-  EXPECT_TRUE(SameImages(icons.list, shared)) << "also a list that has become shorter";
+  EXPECT_TRUE(HoldsCopies(shared, icons.list)) << "also a list that has become shorter";
   icons.refuses = true;
   icons.Add();
   InsertFile(view);
   EXPECT_EQ(Take(), NOTHING) << "there was nothing to follow";
 
-  ReleaseIQVLTreeView(other);
-  other = nullptr;
+  other->Destroy();
   view->Destroy();
   icons.refuses = false;
-  control = CreateView();
+  CreateView();
   Take();
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), Refill(6, COLOR)) << "a new view starts from nothing";
-  EXPECT_EQ(ListOf(control), shared) << "the list outlives the views";
+  EXPECT_EQ(ListOf(view), shared) << "the list outlives the views";
 }
 
 TEST_F(IconRefill, ListHasTheColourSetLast) {
   FakeIcons icons;
   icons.Add();
   EXPECT_TRUE(view->UseSystemImageList());
-  const HIMAGELIST shared = ListOf(control);
+  const HIMAGELIST shared = ListOf(view);
   EXPECT_EQ(ImageList_GetBkColor(shared), 0u) << "a view without a colour brings 0";
   Take();
   view->SetBkColor(RGB(1, 2, 3));
@@ -189,10 +183,10 @@ TEST_F(IconRefill, ListHasTheColourSetLast) {
   platform->Take();
   other->UseSystemImageList();
   EXPECT_EQ(ImageList_GetBkColor(shared), RGB(4, 5, 6));
-  const std::vector<std::string> lines = platform->Take();
-  const auto added = std::find(lines.begin(), lines.end(), "ImageList_ReplaceIcon");
-  const auto colored = std::find(lines.begin(), lines.end(), "ImageList_SetBkColor");
-  EXPECT_LT(added - lines.begin(), colored - lines.begin()) << "the earlier colour is copied under";
+  const Lines lines = platform->Take();
+  EXPECT_LT(std::find(lines.begin(), lines.end(), "ImageList_ReplaceIcon"),
+            std::find(lines.begin(), lines.end(), "ImageList_SetBkColor"))
+      << "the earlier colour is copied under";
 }
 
 // What fails while icons are copied is lost until the shell's list changes again.
@@ -200,73 +194,67 @@ TEST_F(IconRefill, FailingCopiesStopNothing) {
   FakeIcons icons;
   icons.Add(3);
   EXPECT_TRUE(view->UseSystemImageList());
-  const HIMAGELIST shared = ListOf(control);
-  for (const char* failing : {"ImageList_GetIcon", "ImageList_ReplaceIcon"}) {
+  using Row = std::pair<const char*, int>;
+  for (const auto& [failing, result] :
+       {Row{"ImageList_GetIcon", 0}, {"ImageList_ReplaceIcon", -1}}) {
     SCOPED_TRACE(failing);
     Take();
-    platform->failures[failing] = ERROR_NOT_ENOUGH_MEMORY;
-    platform->results["ImageList_ReplaceIcon"] = -1;
+    platform->answers[failing] = {ERROR_NOT_ENOUGH_MEMORY, result};
     icons.Add();
     EXPECT_NE(InsertFile(view), -1);
     EXPECT_EQ(Take(), Refill(ImageList_GetImageCount(icons.list)));
-    EXPECT_EQ(ImageList_GetImageCount(shared), 0);
-    platform->failures.clear();
+    EXPECT_EQ(ImageList_GetImageCount(ListOf(view)), 0);
+    platform->answers.clear();
     InsertFile(view);
     EXPECT_EQ(Take(), NOTHING) << "the counts are equal";
     icons.Add();
     InsertFile(view);
-    EXPECT_TRUE(SameImages(icons.list, shared));
+    EXPECT_TRUE(HoldsCopies(ListOf(view), icons.list));
   }
 }
 
-// The control leaves the images of its check boxes behind.
+// The control leaves the images of its check boxes behind; a list that the host gave is the host's.
 TEST_F(IconRefill, ImagesOfCheckBoxesGoWithTheView) {
-  for (const bool ownImages : {false, true}) {
-    ASSERT_NE(CreateView(QVLS_CHECKBOXES), nullptr);
-    const HIMAGELIST own = ImageList_Create(16, 16, ILC_COLOR32, 1, 1);
-    if (ownImages) {
-      EXPECT_TRUE(view->SetStateImageList(own));
-    }
+  const HIMAGELIST own = ImageList_Create(16, 16, ILC_COLOR32, 1, 1);
+  const Calls oneList = {{"ImageList_Destroy", 1}};
+  const auto callsOfALife = [&](std::uint32_t style, bool ownImages) {
+    EXPECT_NE(CreateView(style), nullptr);
+    EXPECT_TRUE(!ownImages || view->SetStateImageList(own));
     Take();
     view->Destroy();
     view->Destroy();
-    EXPECT_EQ(Take(), (Calls{{"ImageList_Destroy", 1}}));
-    EXPECT_TRUE(ImageList_Destroy(own)) << "that one is the host's";
-    ASSERT_NE(CreateView(), nullptr);
-    view->Destroy();
-    EXPECT_EQ(Take(), NOTHING);
-  }
+    return Take();
+  };
+  EXPECT_EQ(callsOfALife(QVLS_CHECKBOXES, false), oneList);
+  EXPECT_EQ(callsOfALife(QVLS_CHECKBOXES, true), oneList);
+  EXPECT_EQ(callsOfALife(0, false), NOTHING);
+  EXPECT_TRUE(ImageList_Destroy(own));
 }
 
 // The real list of the shell grows as new types are asked for.
 TEST_F(IconRefill, FollowsEachNewTypeOfTheShell) {
-  constexpr std::size_t ITEMS = 10000;
-  // Some of these bring an icon of their own, most share one.
-  std::vector<std::basic_string<WCHAR>> types = {TEXT(".txt"), TEXT(".chm"), TEXT(".msi"),
-                                                 TEXT(".htm")};
-  for (WCHAR last = TEXT('a'); types.size() < 40; ++last) {
-    types.push_back(std::basic_string<WCHAR>(TEXT(".z")) + last);
-  }
+  // Some of these bring an icon of their own, the others share one.
+  const WCHAR* const files[] = {TEXT("C:\\f.txt"), TEXT("C:\\f.chm"), TEXT("C:\\f.msi"),
+                                TEXT("C:\\f.htm"), TEXT("C:\\f.za"),  TEXT("C:\\f.zb")};
   SHFILEINFOW info = {};
   const auto system = reinterpret_cast<HIMAGELIST>(
       SHGetFileInfoW(TEXT("*.exe"), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
                      SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES));
   EXPECT_TRUE(view->UseSystemImageList());
-  const HIMAGELIST shared = ListOf(control);
-  EXPECT_TRUE(SameImages(system, shared));
+  EXPECT_TRUE(other->UseSystemImageList()) << "a second copy, on the colour that the first one set";
+  EXPECT_TRUE(HoldsCopies(ListOf(view), system));
   const ItemHandle folder = Insert(TEXT("folder"));  // collapsed: a tree is slow to show so many
   Take();
   int count = ImageList_GetImageCount(system);
   int changes = 0;
-  for (std::size_t i = 0; i < ITEMS; ++i) {
-    const std::basic_string<WCHAR> file = TEXT("C:\\folder\\file") + types[i % types.size()];
-    ASSERT_NE(InsertFile(view, file.c_str(), folder), -1);
+  for (std::size_t i = 0; i < 10000; ++i) {
+    ASSERT_NE(InsertFile(view, files[i % std::size(files)], folder), -1);
     const int now = ImageList_GetImageCount(system);
     ASSERT_EQ(Take(), now == count ? NOTHING : Refill(now)) << i;
     if (now == count) continue;
     count = now;
     ++changes;
-    EXPECT_TRUE(SameImages(system, shared)) << i;
+    EXPECT_TRUE(HoldsCopies(ListOf(view), system)) << i;
   }
   EXPECT_GT(changes, 0);
 }

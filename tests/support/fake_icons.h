@@ -41,6 +41,6 @@ class FakeIcons {
   ImportPatch patch;
 };
 
-// Whether the second list holds the images of the first, one by one, as far as these are opaque and
-// sixteen bits of colour can tell.
-bool SameImages(HIMAGELIST first, HIMAGELIST second);
+// Whether the list holds, one by one, what the images of the other one become in sixteen bits of
+// colour, on the list's present background.
+bool HoldsCopies(HIMAGELIST list, HIMAGELIST of);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <type_traits>
 #include <vector>
 
 // Replaces a platform call of the library for the life of the object: every call that qvl makes
@@ -17,23 +16,22 @@ class ImportPatch {
   template <class Result, class... Arguments>
   ImportPatch(const char* name, Result (*replacement)(Arguments...))
       : ImportPatch(name, reinterpret_cast<void*>(replacement)) {}
-  ~ImportPatch();
+  ~ImportPatch() { Point(original); }
 
   ImportPatch(const ImportPatch&) = delete;
   ImportPatch& operator=(const ImportPatch&) = delete;
 
-  // What the library called before; `Function` is the function's type or a pointer to it.
-  template <class Function>
-  std::add_pointer_t<std::remove_pointer_t<Function>> Original() const {
-    return reinterpret_cast<std::add_pointer_t<std::remove_pointer_t<Function>>>(original);
-  }
-
  private:
   ImportPatch(const char* name, void* replacement);
+
+  // Where the library keeps the address of that function, bound and writable. This is the one thing
+  // that the two kinds of image differ in.
+  static std::vector<void**> FindSlots(const std::string& name);
+
+  void Point(void* target) {
+    for (void** slot : slots) *slot = target;
+  }
 
   std::vector<void**> slots;
   void* original = nullptr;
 };
-
-// Whether the library imports `name` at all.
-bool LibraryImports(const std::string& name);

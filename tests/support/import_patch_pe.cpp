@@ -2,80 +2,37 @@
 
 #include <windows.h>
 
-#include <stdexcept>
-
 namespace {
 
-// Gives the address inside the image `base` that lies `offset` bytes from its start.
+// What lies `offset` bytes from the start of the library's image.
 template <class T>
-T* At(HMODULE base, DWORD offset) {
-  return reinterpret_cast<T*>(reinterpret_cast<BYTE*>(base) + offset);
+T* At(ULONGLONG offset) {
+  static BYTE* const library = reinterpret_cast<BYTE*>(GetModuleHandleW(L"qvl.dll"));
+  return reinterpret_cast<T*>(library + offset);
 }
 
-HMODULE Library() {
-  HMODULE library = GetModuleHandleW(L"qvl.dll");
-  if (!library) {
-    throw std::runtime_error("qvl.dll is not loaded");
-  }
-  return library;
-}
-
-// The slots of one imported module, which its name table names in the same order.
-void CollectSlots(HMODULE library, const IMAGE_IMPORT_DESCRIPTOR& module, const std::string& name,
-                  std::vector<void**>* slots) {
-  auto* names = At<IMAGE_THUNK_DATA>(library, module.OriginalFirstThunk);
-  auto* addresses = At<IMAGE_THUNK_DATA>(library, module.FirstThunk);
-  for (; names->u1.AddressOfData; ++names, ++addresses) {
-    if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) {
-      continue;
-    }
-    auto* entry = At<IMAGE_IMPORT_BY_NAME>(library, static_cast<DWORD>(names->u1.AddressOfData));
-    if (name == reinterpret_cast<const char*>(entry->Name)) {
-      slots->push_back(reinterpret_cast<void**>(&addresses->u1.Function));
-    }
-  }
-}
-
-std::vector<void**> FindSlots(const std::string& name) {
-  HMODULE library = Library();
-  auto* dos = At<IMAGE_DOS_HEADER>(library, 0);
-  auto* headers = At<IMAGE_NT_HEADERS>(library, static_cast<DWORD>(dos->e_lfanew));
+// The first module that the library imports from; behind the last one stands an empty one.
+const IMAGE_IMPORT_DESCRIPTOR* FirstModule() {
+  const auto* headers = At<IMAGE_NT_HEADERS>(At<IMAGE_DOS_HEADER>(0)->e_lfanew);
   const auto& imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  std::vector<void**> slots;
-  if (imports.VirtualAddress) {
-    auto* module = At<IMAGE_IMPORT_DESCRIPTOR>(library, imports.VirtualAddress);
-    for (; module->FirstThunk; ++module) {
-      CollectSlots(library, *module, name, &slots);
-    }
-  }
-  return slots;
-}
-
-void Write(void** slot, void* target) {
-  DWORD before = 0;
-  if (!VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &before)) {
-    throw std::runtime_error("the import table cannot be written");
-  }
-  *slot = target;
-  VirtualProtect(slot, sizeof *slot, before, &before);
+  return At<IMAGE_IMPORT_DESCRIPTOR>(imports.VirtualAddress);
 }
 
 }  // namespace
 
-ImportPatch::ImportPatch(const char* name, void* replacement) : slots(FindSlots(name)) {
-  if (slots.empty()) {
-    throw std::runtime_error(std::string("qvl.dll does not import ") + name);
+// The table of names and that of addresses have the same order.
+std::vector<void**> ImportPatch::FindSlots(const std::string& name) {
+  std::vector<void**> slots;
+  for (const auto* module = FirstModule(); module->FirstThunk; ++module) {
+    const auto* names = At<IMAGE_THUNK_DATA>(module->OriginalFirstThunk);
+    void** slot = At<void*>(module->FirstThunk);
+    for (; names->u1.AddressOfData; ++names, ++slot) {
+      if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) continue;
+      if (name != At<IMAGE_IMPORT_BY_NAME>(names->u1.AddressOfData)->Name) continue;
+      DWORD before = 0;
+      VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &before);
+      slots.push_back(slot);
+    }
   }
-  original = *slots.front();
-  for (void** slot : slots) {
-    Write(slot, replacement);
-  }
+  return slots;
 }
-
-ImportPatch::~ImportPatch() {
-  for (void** slot : slots) {
-    Write(slot, original);
-  }
-}
-
-bool LibraryImports(const std::string& name) { return !FindSlots(name).empty(); }

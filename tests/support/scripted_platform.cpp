@@ -1,34 +1,37 @@
 #include "support/scripted_platform.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <bit>
 #include <cstddef>
-#include <type_traits>
+#include <tuple>
 #include <utility>
 
 namespace {
 
+using Text = std::basic_string<WCHAR>;
+
 ScriptedPlatform* platform = nullptr;
 
-// Told apart from the platform's own cookies by its size.
-constexpr ULONG_PTR FAKE_COOKIE = 0x7A00;
-
+// What the library passed or got, and has to pass on.
 const void* addressInModule = nullptr;
 HMODULE module = nullptr;
-std::basic_string<WCHAR> path;
-std::vector<ULONG_PTR> cookies;
-// The functions of the common controls by name, once a lookup has told.
-std::map<std::string, FARPROC> found;
+Text path;
 
-// Notes the call, and tells whether the script lets it fail; the last error is set then.
-bool Fails(const std::string& line) {
+// Notes the call, and gives what the script answers or else what `call` gives.
+template <typename Call>
+auto Note(const std::string& line, Call call) {
+  platform->errors[line].push_back(GetLastError());
   platform->lines.push_back(line);
-  const auto failure = platform->failures.find(line);
-  if (failure == platform->failures.end()) return false;
-  SetLastError(failure->second);
-  return true;
+  const auto answer = platform->answers.find(line);
+  if (answer == platform->answers.end()) return call();
+  SetLastError(answer->second.error);
+  using Result = decltype(call());
+  return Result(answer->second.result);
 }
 
 template <std::size_t SIZE>
@@ -37,27 +40,31 @@ struct Name {
   char text[SIZE];
 };
 
+// The functions that relays go on to. Those of the common controls are the ones that a lookup
+// gives.
+std::map<std::string, FARPROC> targets = {
+    {"RegisterClassW", std::bit_cast<FARPROC>(&RegisterClassW)},
+    {"CreateWindowExW", std::bit_cast<FARPROC>(&CreateWindowExW)},
+};
+
 template <Name NAME, typename Signature>
 struct Relay;
 
-// What the library gets for a function of the common controls.
+// Stands in for a function of which only the context is checked.
 template <Name NAME, typename Result, typename... Arguments>
 struct Relay<NAME, Result(Arguments...)> {
   static Result Call(Arguments... arguments) {
-    EXPECT_EQ(platform->active.size(), 1u);
-    if constexpr (std::is_same_v<Result(Arguments...), decltype(ImageList_Create)>) {
-      platform->createdLists.push_back({static_cast<int>(arguments)...});
-    }
-    if (!Fails(NAME.text)) {
-      return std::bit_cast<Result (*)(Arguments...)>(found.at(NAME.text))(arguments...);
-    }
-    if constexpr (std::is_pointer_v<Result>) {
-      return nullptr;
-    } else {
-      return static_cast<Result>(platform->results[NAME.text]);
-    }
+    EXPECT_EQ(platform->active, 1u) << NAME.text;
+    const auto target = std::bit_cast<Result (*)(Arguments...)>(targets.at(NAME.text));
+    return Note(NAME.text, [&] { return target(arguments...); });
   }
 };
+
+HIMAGELIST WINAPI CreateList(int width, int height, UINT flags, int count, int growth) {
+  EXPECT_EQ(std::tuple(flags, count, growth), std::tuple(0x10u, 0, 100));
+  return Relay<"ImageList_Create", decltype(ImageList_Create)>::Call(width, height, flags, count,
+                                                                     growth);
+}
 
 template <Name NAME, typename Signature>
 std::pair<const std::string, FARPROC> RelayOf() {
@@ -65,7 +72,7 @@ std::pair<const std::string, FARPROC> RelayOf() {
 }
 
 const std::map<std::string, FARPROC> relays = {
-    RelayOf<"ImageList_Create", decltype(ImageList_Create)>(),
+    {"ImageList_Create", std::bit_cast<FARPROC>(&CreateList)},
     RelayOf<"ImageList_Destroy", decltype(ImageList_Destroy)>(),
     RelayOf<"ImageList_GetIcon", decltype(ImageList_GetIcon)>(),
     RelayOf<"ImageList_GetIconSize", decltype(ImageList_GetIconSize)>(),
@@ -75,118 +82,79 @@ const std::map<std::string, FARPROC> relays = {
     RelayOf<"ImageList_SetBkColor", decltype(ImageList_SetBkColor)>(),
 };
 
-BOOL WINAPI Query(DWORD flags, HANDLE context, void* subInstance, ULONG informationClass,
-                  void* buffer, SIZE_T size, SIZE_T*) {
-  EXPECT_EQ(flags, 0x80000010u);
-  EXPECT_EQ(subInstance, nullptr);
-  EXPECT_EQ(informationClass, 1u);
-  EXPECT_EQ(size, 16u);
-  addressInModule = context;
-  if (Fails("QueryActCtxW")) return FALSE;
-  static_cast<ACTIVATION_CONTEXT_BASIC_INFORMATION*>(buffer)->hActCtx = platform->moduleContext;
-  return TRUE;
+BOOL WINAPI Query(DWORD flags, HANDLE address, void* subInstance, ULONG about, void* buffer,
+                  SIZE_T size, SIZE_T*) {
+  EXPECT_EQ(std::tuple(flags, subInstance, about, size), std::tuple(0x80000010u, nullptr, 1u, 16u));
+  addressInModule = address;
+  const HANDLE context = Note("QueryActCtxW", [] { return HANDLE(); });
+  static_cast<ACTIVATION_CONTEXT_BASIC_INFORMATION*>(buffer)->hActCtx = context;
+  return context != INVALID_HANDLE_VALUE;
 }
 
 BOOL WINAPI Module(DWORD flags, LPCWSTR address, HMODULE* of) {
   EXPECT_EQ(flags, 6u);
   EXPECT_EQ(static_cast<const void*>(address), addressInModule);
-  if (Fails("GetModuleHandleExW")) return FALSE;
-  const BOOL result = GetModuleHandleExW(flags, address, of);
+  const BOOL result =
+      Note("GetModuleHandleExW", [=] { return GetModuleHandleExW(flags, address, of); });
   module = *of;
   return result;
 }
 
 DWORD WINAPI Path(HMODULE of, WCHAR* buffer, DWORD capacity) {
-  EXPECT_EQ(of, module);
-  EXPECT_EQ(capacity, 261u);
-  if (Fails("GetModuleFileNameW")) return 0;
+  EXPECT_EQ(std::tuple(of, capacity), std::tuple(module, 261u));
   const DWORD length = GetModuleFileNameW(of, buffer, capacity);
   path = buffer;
-  return platform->pathLength ? platform->pathLength : length;
+  return Note("GetModuleFileNameW", [=] { return length; });
 }
 
-HANDLE WINAPI Context(const ACTCTXW* description) {
-  EXPECT_EQ(description->cbSize, 56u);
-  EXPECT_EQ(description->dwFlags, 0x88u);
-  EXPECT_EQ(description->lpSource, path);
-  EXPECT_EQ(reinterpret_cast<ULONG_PTR>(description->lpResourceName), 3u);
-  EXPECT_EQ(description->hModule, module);
-  if (Fails("CreateActCtxW")) return INVALID_HANDLE_VALUE;
-  return platform->createdContext ? platform->createdContext : CreateActCtxW(description);
+HANDLE WINAPI Context(const ACTCTXW* asked) {
+  EXPECT_EQ(std::tuple(asked->cbSize, asked->dwFlags, asked->lpResourceName, asked->hModule),
+            std::tuple(56u, 0x88u, MAKEINTRESOURCEW(3), module));
+  EXPECT_EQ(asked->lpSource, path);
+  return Note("CreateActCtxW", [=] { return CreateActCtxW(asked); });
 }
 
 BOOL WINAPI Activate(HANDLE context, ULONG_PTR* cookie) {
-  platform->errorsAtActivation.push_back(GetLastError());
-  const bool fake = context == ScriptedPlatform::FakeContext();
-  EXPECT_TRUE(fake || context == nullptr);
-  if (Fails(fake ? "Activate fake" : "Activate 0")) return FALSE;
-  *cookie = FAKE_COOKIE + cookies.size();
-  if (!fake && !ActivateActCtx(context, cookie)) return FALSE;
-  cookies.push_back(*cookie);
-  platform->active.push_back(context);
-  return TRUE;
+  const bool fake = reinterpret_cast<LONG_PTR>(context) == ScriptedPlatform::FAKE_CONTEXT;
+  EXPECT_TRUE(fake || !context);
+  return Note(fake ? "Activate fake" : "Activate 0", [=] {
+    *cookie = ++platform->active;
+    return TRUE;
+  });
 }
 
 BOOL WINAPI Deactivate(DWORD flags, ULONG_PTR cookie) {
-  Fails("Deactivate");
   EXPECT_EQ(flags, 0u);
-  if (cookies.empty() || cookies.back() != cookie) {
-    ADD_FAILURE() << "not the latest activation";
-    return FALSE;
-  }
-  const bool fake = platform->active.back() == ScriptedPlatform::FakeContext();
-  cookies.pop_back();
-  platform->active.pop_back();
-  const BOOL result = fake || DeactivateActCtx(flags, cookie);
+  EXPECT_EQ(cookie, platform->active--) << "not the latest activation";
+  const BOOL result = Note("Deactivate", [] { return TRUE; });
   SetLastError(ScriptedPlatform::ERROR_OF_DEACTIVATION);
   return result;
 }
 
 BOOL WINAPI Find(DWORD flags, const GUID* extension, ULONG section, LPCWSTR name,
                  ACTCTX_SECTION_KEYED_DATA* entry) {
-  EXPECT_EQ(flags, 0u);
-  EXPECT_EQ(extension, nullptr);
-  EXPECT_EQ(section, 2u);
-  EXPECT_EQ(std::basic_string<WCHAR>(name), TEXT("Comctl32.dll"));
-  EXPECT_EQ(entry->cbSize, 112u);
-  EXPECT_EQ(platform->active.size(), 1u);
-  Fails("Find");
-  return platform->redirects;
+  EXPECT_EQ(std::tuple(flags, extension, section, Text(name), entry->cbSize),
+            std::tuple(0u, nullptr, 2u, TEXT("Comctl32.dll"), 112u));
+  EXPECT_EQ(platform->active, 1u);
+  return Note("Find", [] { return FALSE; });
 }
 
 HMODULE WINAPI Load(LPCWSTR name) {
-  EXPECT_EQ(std::basic_string<WCHAR>(name), TEXT("Comctl32.dll"));
-  EXPECT_GE(platform->active.size(), 1u);
-  return Fails("LoadLibraryW") ? nullptr : LoadLibraryW(name);
+  EXPECT_EQ(name, Text(TEXT("Comctl32.dll")));
+  EXPECT_GE(platform->active, 1u);
+  return Note("LoadLibraryW", [=] { return LoadLibraryW(name); });
 }
 
 FARPROC WINAPI Lookup(HMODULE in, LPCSTR name) {
-  EXPECT_EQ(platform->active.size(), 2u) << "the lookup's own context, inside the call's";
-  if (Fails(std::string("Lookup ") + name)) return nullptr;
-  found[name] = GetProcAddress(in, name);
-  return relays.at(name);
-}
-
-ATOM WINAPI Register(const WNDCLASSW* windowClass) {
-  EXPECT_EQ(platform->active.size(), 1u);
-  if (module) {
-    EXPECT_EQ(windowClass->hInstance, module);
-  }
-  return Fails("RegisterClassW") ? ATOM{0} : RegisterClassW(windowClass);
-}
-
-HWND WINAPI Window(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x, int y,
-                   int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
-                   void* parameter) {
-  EXPECT_EQ(platform->active.size(), 1u);
-  if (Fails("CreateWindowExW")) return nullptr;
-  return CreateWindowExW(exStyle, className, title, style, x, y, width, height, parent, menu,
-                         instance, parameter);
+  EXPECT_EQ(platform->active, 2u) << "the lookup's own context, inside the call's";
+  return Note(std::string("Lookup ") + name, [=] {
+    targets[name] = GetProcAddress(in, name);
+    return relays.at(name);
+  });
 }
 
 BOOL WINAPI Destroy(HICON icon) {
-  platform->errorsAtDestroyIcon.push_back(GetLastError());
-  return DestroyIcon(icon);
+  return Note("DestroyIcon", [=] { return DestroyIcon(icon); });
 }
 
 }  // namespace
@@ -205,8 +173,8 @@ ScriptedPlatform::ScriptedPlatform() {
   replace("FindActCtxSectionStringW", &Find);
   replace("LoadLibraryW", &Load);
   replace("GetProcAddress", &Lookup);
-  replace("RegisterClassW", &Register);
-  replace("CreateWindowExW", &Window);
+  replace("RegisterClassW", &Relay<"RegisterClassW", decltype(RegisterClassW)>::Call);
+  replace("CreateWindowExW", &Relay<"CreateWindowExW", decltype(CreateWindowExW)>::Call);
   replace("DestroyIcon", &Destroy);
 }
 
@@ -215,9 +183,7 @@ ScriptedPlatform::~ScriptedPlatform() {
   platform = nullptr;
 }
 
-std::vector<std::string> ScriptedPlatform::Take() { return std::exchange(lines, {}); }
-
-HANDLE ScriptedPlatform::FakeContext() {
-  static int place = 0;
-  return &place;
+std::vector<std::string> ScriptedPlatform::Take() {
+  errorsAt = std::exchange(errors, {});
+  return std::exchange(lines, {});
 }
