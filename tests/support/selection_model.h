@@ -5,29 +5,32 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <string>
 #include <utility>
 
-#include "support/recording_client.h"
+#include "qvl.h"
 
 // What a tree's selection does, told in visible items, caret, anchor and a set of selected items,
-// without any control. It writes the lines that a RecordingClient would; `names` is that client's.
+// without any control. It notes what a client would hear, in short and under the given names.
 // Item 0 is no caret, no anchor and empty space.
 class SelectionModel {
  public:
   explicit SelectionModel(const std::map<ItemHandle, std::string>& names) : labels(names) {}
 
-  bool multiSelect = true;
-  bool heard = true;  // whether there is a client
+  void SetMultiSelect(bool value) { multiSelect = value; }
+  void SetClient(const IQVLTreeViewClient* client) { heard = client != nullptr; }
 
   // What items there are, which are visible, and where that leaves the caret, is the control's own
   // affair; the selected bit goes along with the caret.
   void Restructure(const ItemHandleList& all, const ItemHandleList& shown, ItemHandle newCaret) {
     visible = shown;
     if (caret != newCaret) GiveCaret(newCaret);
-    std::erase_if(selected, [&](ItemHandle item) { return PlaceIn(all, item) == std::ssize(all); });
+    std::erase_if(selected, [&](ItemHandle item) {
+      return std::find(all.begin(), all.end(), item) == all.end();
+    });
   }
 
-  Lines Take() { return std::exchange(lines, {}); }
+  std::string Take() { return std::exchange(said, {}); }
   ItemHandle Caret() const { return caret; }
   ItemHandleList SelectedVisible() const {
     ItemHandleList items = visible;
@@ -35,54 +38,53 @@ class SelectionModel {
     return items;
   }
 
-  void SetSelected(ItemHandle item, bool value) {
-    Say("Begin");
-    Mark(item, value);
-    Say("End");
+  void SetItemSelected(ItemHandle item, bool value) {
+    Bracket([&] { Mark(item, value); });
   }
 
   void SelectAll() {
-    Say("Begin");
-    for (const ItemHandle item : visible) {
-      if (!IsSelected(item)) Mark(item, true);
-    }
-    Say("End");
+    Bracket([&] {
+      for (const ItemHandle item : visible) {
+        if (!IsSelected(item)) Mark(item, true);
+      }
+    });
   }
 
   void ClearSelection() {
-    Say("Begin");
-    Clear();
-    Say("End");
+    Bracket([&] { Clear(); });
   }
 
   void InvertSelection() {
-    Say("Begin");
-    for (const ItemHandle item : visible) Mark(item, !IsSelected(item));
-    Say("End");
+    Bracket([&] {
+      for (const ItemHandle item : visible) Mark(item, !IsSelected(item));
+    });
   }
 
   void SelectAt(ItemHandle item) {
     if (!item || IsSelected(item)) return;
-    Say("Begin");
-    if (multiSelect) Clear();
-    MoveCaret(item);
-    Say("End");
+    Bracket([&] {
+      if (multiSelect) Clear();
+      MoveCaret(item);
+    });
   }
 
   // Whether the control's answer is the answer, for these two.
   bool LeftPress(ItemHandle hit, WPARAM keys) {
-    if (!multiSelect || ((keys & MK_CONTROL) && !hit)) {
-      ControlPress(hit);
+    const bool ctrl = (keys & MK_CONTROL) != 0;
+    if (!multiSelect || (ctrl && !hit)) {
+      if (hit) MoveCaret(hit);
       return true;
     }
-    if (keys & MK_CONTROL) return CtrlPress(hit);
-    return keys & MK_SHIFT ? ShiftPress(hit) : PlainPress(hit);
+    const bool shift = !ctrl && (keys & MK_SHIFT);
+    Bracket([&] { ctrl ? CtrlPress(hit) : shift ? ShiftPress(hit) : PlainPress(hit); });
+    if (!shift) anchor = 0;
+    return !ctrl && !anchor;
   }
 
   // The control takes the caret from the key to `caretAfter`, if it gets to see it.
   bool Key(WPARAM key, bool shift, ItemHandle caretAfter) {
     if (multiSelect && shift && (key == VK_UP || key == VK_DOWN)) {
-      ShiftArrow(key == VK_UP ? -1 : 1);
+      Bracket([&] { ShiftArrow(key == VK_UP ? -1 : 1); });
       return false;
     }
     if (multiSelect && key >= VK_SPACE) {
@@ -94,23 +96,23 @@ class SelectionModel {
   }
 
  private:
-  static std::ptrdiff_t PlaceIn(const ItemHandleList& items, ItemHandle item) {
-    return std::find(items.begin(), items.end(), item) - items.begin();
+  void Say(const std::string& word) {
+    if (heard) said += (said.empty() ? "" : " ") + word;
+  }
+  void Report(ItemHandle item) { Say(item ? labels.at(item) : "0"); }
+
+  template <class Change>
+  void Bracket(Change change) {
+    Say("B");
+    change();
+    Say("E");
   }
 
-  void Say(const std::string& line) {
-    if (heard) lines.push_back(line);
-  }
-  void Report(ItemHandle item) { Say("Changed " + (item ? labels.at(item) : "0")); }
-
-  bool IsSelected(ItemHandle item) const { return selected.count(item) != 0; }
+  bool IsSelected(ItemHandle item) const { return selected.contains(item); }
 
   void Mark(ItemHandle item, bool value) {
-    if (value) {
-      selected.insert(item);
-    } else {
-      selected.erase(item);
-    }
+    selected.erase(item);
+    if (value) selected.insert(item);
     Report(item);
   }
 
@@ -130,44 +132,28 @@ class SelectionModel {
     Report(item);
   }
 
-  void ControlPress(ItemHandle hit) {
-    if (hit) MoveCaret(hit);
-  }
-
-  bool PlainPress(ItemHandle hit) {
-    Say("Begin");
+  void PlainPress(ItemHandle hit) {
     Clear();
-    if (hit) {
-      MoveCaret(0);
-      MoveCaret(hit);
-    }
-    Say("End");
-    anchor = 0;
-    return true;
+    if (!hit) return;
+    MoveCaret(0);
+    MoveCaret(hit);
   }
 
-  bool CtrlPress(ItemHandle hit) {
+  void CtrlPress(ItemHandle hit) {
     const bool wanted = !IsSelected(hit);
     const ItemHandle before = caret;
     const bool beforeSelected = IsSelected(before);
-    Say("Begin");
     if (before == hit) MoveCaret(0);
-    ControlPress(hit);
+    MoveCaret(hit);
     Mark(hit, wanted);
     if (before && before != hit) Mark(before, beforeSelected);
-    anchor = 0;
-    Say("End");
-    return false;
   }
 
-  bool ShiftPress(ItemHandle hit) {
-    Say("Begin");
+  void ShiftPress(ItemHandle hit) {
     if (!anchor) anchor = caret;
     if (caret == hit) MoveCaret(0);
-    ControlPress(hit);
+    if (hit) MoveCaret(hit);
     if (anchor) SelectRange(hit);
-    Say("End");
-    return anchor == 0;
   }
 
   // The stretch between anchor and target, to the last item if one of them is not visible.
@@ -182,20 +168,17 @@ class SelectionModel {
   }
 
   void ShiftArrow(int by) {
-    Say("Begin");
     if (!anchor) {
       anchor = caret;
       Clear();
     }
-    const std::ptrdiff_t next = PlaceIn(visible, caret) + by;
-    if (caret && next >= 0 && next < std::ssize(visible)) {
-      const ItemHandle left = caret;
-      const ItemHandle entered = visible[static_cast<std::size_t>(next)];
-      const bool grows = !IsSelected(entered);
-      MoveCaret(entered);
-      if (grows) Mark(left, true);
-    }
-    Say("End");
+    const auto next = std::find(visible.begin(), visible.end(), caret) - visible.begin() + by;
+    if (!caret || next < 0 || next >= std::ssize(visible)) return;
+    const ItemHandle left = caret;
+    const ItemHandle entered = visible[static_cast<std::size_t>(next)];
+    const bool grows = !IsSelected(entered);
+    MoveCaret(entered);
+    if (grows) Mark(left, true);
   }
 
   const std::map<ItemHandle, std::string>& labels;
@@ -203,5 +186,7 @@ class SelectionModel {
   std::set<ItemHandle> selected;
   ItemHandle caret = 0;
   ItemHandle anchor = 0;
-  Lines lines;
+  bool multiSelect = true;
+  bool heard = true;
+  std::string said;
 };
