@@ -196,9 +196,22 @@ expect_calls() {
   mark
 }
 
+# expect_told what wanted question...: the demo has to answer that.
+expect_told() {
+  ask "${@:3}"
+  expect "$1" "$2"
+}
+
+# The items, and a picture of them.
 expect_selection() {
-  ask selection
-  expect "$1: selection" "$2"
+  expect_told "$1: selection" "$2" selection
+  picture "$1"
+}
+
+# expect_logged call: it is among the new calls.
+expect_logged() {
+  new_calls
+  grep -qxF "$1" <<<"$answer" || fail "no $1 in:"$'\n'"$answer"
 }
 
 # The lines of the menu, once there is one.
@@ -222,6 +235,15 @@ await_no_menu() {
     sleep 0.02
   done
   fail "the menu does not go"
+}
+
+# Closes the menu that comes up, with a picture of it.
+leave_menu() {
+  await_menu
+  picture "menu"
+  xdotool key Escape
+  await_no_menu
+  settle
 }
 
 # pick text: goes down the menu to that command and runs it.

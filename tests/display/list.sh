@@ -11,64 +11,46 @@ session_name=list
 folder="$session_folder/files"
 mkdir -p "$folder/sub"
 root=$(windows_path "$folder")
-printf '%30s' >"$folder/p.txt"
-printf '%10s' >"$folder/q.txt"
-printf '%40s' >"$folder/r.txt"
-printf '%20s' >"$folder/s.txt"
-printf '%5s' >"$folder/sub/inner.txt"
+truncate -s 30 "$folder/p.txt"
+truncate -s 10 "$folder/q.txt"
+truncate -s 40 "$folder/r.txt"
+truncate -s 20 "$folder/s.txt"
+truncate -s 5 "$folder/sub/inner.txt"
 
-# expect_reports name row...: the new calls are brackets of one report, of just these rows.
-expect_reports() {
-  local name=$1
-  shift
+# after name selection row...: the new calls are brackets of one report, of just these rows.
+after() {
+  local name=$1 selection=$2
+  shift 2
   new_calls
-  local rows
-  rows=$(awk '
-    NR % 3 == 1 && $0 != "OnBeginSelectionChange" { exit 1 }
-    NR % 3 == 2 && $1 != "OnItemSelectionChanged" { exit 1 }
-    NR % 3 == 2 { print $2 }
-    NR % 3 == 0 && $0 != "OnEndSelectionChange" { exit 1 }
-    END { if (NR % 3 != 0) exit 1 }' <<<"$answer") || fail "$name: not brackets of one report:
-$answer"
-  answer=$(sort -u <<<"$rows")
-  expect "$name: rows reported" "$(printf '%s\n' "$@" | sort -u)"
+  answer=$(paste -d ' ' - - - <<<"$answer" | sort -u |
+    sed 's/^OnBeginSelectionChange OnItemSelectionChanged \(.*\) OnEndSelectionChange$/\1/')
+  expect "$name: rows reported" "$(printf '%s\n' "$@")"
   mark
+  expect_selection "$name" "$selection"
 }
 
 start_demo "$folder" --list
 settle
-ask rows
-expect "the rows" $'.\nsub\nsub/inner.txt\np.txt\nq.txt\nr.txt\ns.txt'
+expect_told "the rows" $'.\nsub\nsub/inner.txt\np.txt\nq.txt\nr.txt\ns.txt' rows
 mark
 
 click label q.txt
-expect_reports "click" q.txt
-expect_selection "click" q.txt
-picture "click"
+after "click" q.txt q.txt
 
 shift_click label s.txt
-expect_reports "shift click" q.txt r.txt s.txt
-expect_selection "shift click" $'q.txt\nr.txt\ns.txt'
-picture "shift click"
+after "shift click" $'q.txt\nr.txt\ns.txt' q.txt r.txt s.txt
 
 ctrl_click label r.txt
-expect_reports "ctrl click" r.txt s.txt
-expect_selection "ctrl click" $'q.txt\ns.txt'
-picture "ctrl click"
+after "ctrl click" $'q.txt\ns.txt' r.txt s.txt
 
 click box sub
-expect_reports "box" sub
-expect_selection "box" $'q.txt\ns.txt'
-ask ticked
-expect "box: ticked rows" $'sub\np.txt\nq.txt\nr.txt'
-picture "box"
+after "box" $'q.txt\ns.txt' sub
+expect_told "box: ticked rows" $'sub\np.txt\nq.txt\nr.txt' ticked
 
 click column 1
 expect_calls "column title" "OnColumnClick 1"
-ask rows
-expect "sorted by size" $'.\nsub\nsub/inner.txt\nq.txt\ns.txt\np.txt\nr.txt'
-ask ticked
-expect "sorted by size: ticked rows" $'sub\nq.txt\np.txt\nr.txt'
+expect_told "sorted by size" $'.\nsub\nsub/inner.txt\nq.txt\ns.txt\np.txt\nr.txt' rows
+expect_told "sorted by size: ticked rows" $'sub\nq.txt\np.txt\nr.txt' ticked
 picture "sorted by size"
 
 # Two presses at the same place would be a double click.
@@ -76,51 +58,38 @@ over column 1
 xdotool mousemove_relative 20 0 click 1
 settle
 expect_calls "column title again" "OnColumnClick 1"
-ask rows
-expect "sorted by size, largest first" $'.\nsub\nsub/inner.txt\nr.txt\np.txt\ns.txt\nq.txt'
+expect_told "sorted by size, largest first" \
+  $'.\nsub\nsub/inner.txt\nr.txt\np.txt\ns.txt\nq.txt' rows
 click column 0
-ask rows
-expect "sorted by name" $'.\nsub\nsub/inner.txt\np.txt\nq.txt\nr.txt\ns.txt'
+expect_told "sorted by name" $'.\nsub\nsub/inner.txt\np.txt\nq.txt\nr.txt\ns.txt' rows
 
 click label q.txt
 ctrl_click label s.txt
 mark
 press - 3 label q.txt
-await OnShellContextMenu
-await_menu
-picture "menu of the selection"
-xdotool key Escape
-await_no_menu
-settle
+leave_menu
+expect_logged "OnShellContextMenu q.txt, s.txt"
 expect_selection "right click on a selected row" $'q.txt\ns.txt'
 
 ask empty-clipboard
 press - 3 label p.txt
 pick "&Copy"
 settle
-ask log "$session_mark"
-grep -qxF 'OnShellContextMenu p.txt' <<<"$answer" || fail "the shell's menu was not for p.txt: $answer"
+expect_logged "OnShellContextMenu p.txt"
 expect_selection "right click on another row" p.txt
-ask clipboard
-expect "Copy: the clipboard" "$root\\p.txt"
+expect_told "Copy: the clipboard" "$root\\p.txt" clipboard
 
 press - 3 empty
-settle
-ask log "$session_mark"
-grep -q '^OnContextMenu none on nothing' <<<"$answer" || fail "no context request beside the rows"
+await "OnContextMenu none on nothing"
 
 click label q.txt
 shift_click label s.txt
 mark
 begin_drag - r.txt
 drag_to_drop_pane
-picture "over the drop pane"
 drop
-ask log "$session_mark"
-grep -qxF 'OnBeginDrag q.txt, r.txt, s.txt' <<<"$answer" || fail "other rows were dragged: $answer"
-ask dropped
-expect "names dropped" "$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s.txt"
-picture "dropped"
+expect_logged "OnBeginDrag q.txt, r.txt, s.txt"
+expect_told "names dropped" "$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s.txt" dropped
 
 stop_demo
 echo "The list selected, sorted, opened the shell's menu and dragged; pictures: $session_folder"

@@ -1,0 +1,160 @@
+#!/bin/bash
+# The tree by a real mouse and real keys: selection, the shell's menu of real files, and drags. After
+# each gesture the client has to have heard exactly these calls, and these items are selected.
+set -euo pipefail
+
+session_name=tree
+# shellcheck source=tools/demo_session.sh
+. "$(dirname -- "$0")/../../tools/demo_session.sh"
+
+folder="$session_folder/files"
+mkdir -p "$folder/sub"
+touch "$folder"/{p,q,r,"s t"}.txt "$folder/sub/inner.txt"
+root=$(windows_path "$folder")
+
+# after name selection call...: B and E are the two ends of a selection change, an item is a report.
+after() {
+  local name=$1 selection=$2 call calls=''
+  shift 2
+  for call in "$@"; do
+    case $call in
+      B) call=OnBeginSelectionChange ;;
+      E) call=OnEndSelectionChange ;;
+      On*) ;;
+      *) call="OnItemSelectionChanged $call" ;;
+    esac
+    calls+=${calls:+$'\n'}$call
+  done
+  expect_calls "$name" "$calls"
+  expect_selection "$name" "$selection"
+}
+
+every=(. sub p.txt q.txt r.txt "s t.txt")
+
+# The shell's menu object says on its own trace that it was handed a menu message.
+export WINEDEBUG=-all,fixme+shell
+
+start_demo "$folder"
+settle
+expect_told "the first focus: caret" . caret
+mark
+
+click label q.txt
+after "click" q.txt B . none q.txt E
+
+shift_click label s t.txt
+after "shift click" $'q.txt\nr.txt\ns t.txt' B "s t.txt" "${every[@]}" E
+
+shift_click label p.txt
+after "shift click across the anchor" $'p.txt\nq.txt' B p.txt "${every[@]}" E
+
+click label r.txt
+after "click on another item" r.txt B p.txt q.txt none r.txt E
+
+ctrl_click label p.txt
+after "ctrl click" $'p.txt\nr.txt' B p.txt p.txt r.txt E
+
+ctrl_click label r.txt
+after "ctrl click on a selected item" p.txt B r.txt r.txt p.txt E
+expect_told "ctrl click on a selected item: caret" r.txt caret
+
+click label q.txt
+mark
+key shift+Down
+after "shift down" $'q.txt\nr.txt' B q.txt r.txt q.txt E
+
+key shift+Down
+after "shift down again" $'q.txt\nr.txt\ns t.txt' B "s t.txt" r.txt E
+
+key shift+Down
+after "shift down at the end" $'q.txt\nr.txt\ns t.txt' B E
+
+key shift+Up
+after "shift up" $'q.txt\nr.txt' B r.txt E
+
+key Up
+after "up" q.txt B q.txt r.txt E q.txt
+
+click button sub
+after "plus button" sub B q.txt none sub E "OnItemExpanded sub open"
+expect_told "plus button: visible items" \
+  $'.\nsub\nsub/inner.txt\np.txt\nq.txt\nr.txt\ns t.txt' rows
+
+click box p.txt
+after "box" p.txt B sub none p.txt E
+expect_told "box: ticked items" $'q.txt\nr.txt' ticked
+
+click empty
+after "click on empty space" "" B p.txt E
+
+press - 3 empty
+settle
+after "right click on empty space" "" "OnContextMenu none on nothing"
+
+ask empty-clipboard
+expect_told "the clipboard at first" "" clipboard
+press - 3 label q.txt
+pick "&Copy"
+settle
+after "right click" q.txt B q.txt E "OnContextMenu q.txt on item+label" "OnShellContextMenu q.txt"
+expect_told "one file copied" "$root\\q.txt" clipboard
+
+ctrl_click label s t.txt
+mark
+press - 3 label q.txt
+pick "&Copy"
+settle
+after "right click on a selected item" $'q.txt\ns t.txt' \
+  "OnContextMenu q.txt on item+label" "OnShellContextMenu q.txt, s t.txt"
+expect_told "two files copied" "$root\\q.txt"$'\n'"$root\\s t.txt" clipboard
+
+press - 3 label p.txt
+leave_menu
+after "right click on an unselected item" p.txt B q.txt "s t.txt" p.txt E \
+  "OnContextMenu p.txt on item+label" "OnShellContextMenu p.txt"
+expect_told "a menu that is left copies nothing" "$root\\q.txt"$'\n'"$root\\s t.txt" clipboard
+
+three_files="$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s t.txt"
+
+# A press without Ctrl would make the pressed item the only one.
+select_two_and_drag_a_third() {
+  click label q.txt
+  ctrl_click label r.txt
+  mark
+  begin_drag ctrl "s t.txt"
+  drag_to_drop_pane
+}
+
+no_second_drop() {
+  xdotool mouseup 1
+  settle
+  ask log "$session_mark"
+  case $answer in
+    *"files dropped"*) fail "$1: files were dropped all the same" ;;
+  esac
+  expect_told "$1: the drop pane still shows what it had" "$three_files" dropped
+  expect_selection "$1" $'q.txt\nr.txt\ns t.txt'
+}
+
+select_two_and_drag_a_third
+picture "over the drop pane"
+drop
+after "a drag" $'q.txt\nr.txt\ns t.txt' B B "s t.txt" E "OnBeginDrag q.txt, r.txt, s t.txt" \
+  "s t.txt" r.txt E
+expect_told "a drag: names in the drop pane" "$three_files" dropped
+
+select_two_and_drag_a_third
+xdotool key Escape
+await "they leave"
+no_second_drop "a drag that Escape ends"
+
+select_two_and_drag_a_third
+xdotool mousedown 3
+await "they leave"
+xdotool mouseup 3
+no_second_drop "a drag that the right button ends"
+
+stop_demo
+handed=$(grep -c 'HandleMenuMsg .*(0x117 ' "$session_folder/stderr.log" || true)
+[ "$handed" -eq 3 ] || fail "WM_INITMENUPOPUP reached the shell's menu $handed times, not once for each of 3 menus"
+echo "The tree selected, opened the shell's menu and dragged; pictures: $session_folder"
