@@ -11,24 +11,20 @@ namespace {
 using Text = std::basic_string<WCHAR>;
 
 // The two texts of a record, which follow the same rules.
-struct TextField {
+constexpr struct TextField {
   const char* name;
   void (QVLTreeViewItem::*set)(const WCHAR*) noexcept;
   const WCHAR* (QVLTreeViewItem::*get)() const noexcept;
-};
-
-constexpr TextField TEXT_FIELDS[] = {
+} TEXT_FIELDS[] = {
     {"ItemName", &QVLTreeViewItem::SetItemName, &QVLTreeViewItem::GetItemName},
     {"FileName", &QVLTreeViewItem::SetFileName, &QVLTreeViewItem::GetFileName},
 };
 
-struct Flag {
+constexpr struct Flag {
   const char* name;
   void (QVLTreeViewItem::*set)(bool) noexcept;
   bool (QVLTreeViewItem::*get)() const noexcept;
-};
-
-constexpr Flag FLAGS[] = {
+} FLAGS[] = {
     {"Selected", &QVLTreeViewItem::SetSelected, &QVLTreeViewItem::IsSelected},
     {"Checked", &QVLTreeViewItem::SetChecked, &QVLTreeViewItem::IsChecked},
     {"Cut", &QVLTreeViewItem::SetCut, &QVLTreeViewItem::IsCut},
@@ -151,7 +147,8 @@ void ExpectPlacesFrom(std::size_t place, Members... members) {
   for (const std::size_t found : {VirtualPlace(members)...}) EXPECT_EQ(found, place++);
 }
 
-TEST(Contract, OperationsOfTheInterfacesStandInTheirOrder) {
+// In the records the two entries of the destructor come first.
+TEST(Contract, OperationsStandInTheirOrder) {
   using V = IQVLTreeView;
   ExpectPlacesFrom(
       0, &V::Create, &V::Destroy, &V::GetViewType, &V::SetImageList, &V::UseSystemImageList,
@@ -170,10 +167,6 @@ TEST(Contract, OperationsOfTheInterfacesStandInTheirOrder) {
                    &C::OnShellContextMenu, &C::OnLabelEdit, &C::OnBeginSelectionChange,
                    &C::OnItemSelectionChanged, &C::OnEndSelectionChange, &C::OnColumnClick,
                    &C::OnItemExpanded);
-}
-
-// The two entries of the destructor come first.
-TEST(Contract, OperationsOfTheRecordsStandInTheirOrder) {
   using Item = QVLTreeViewItem;
   ExpectPlacesFrom(2, &Item::SetType, &Item::GetType, &Item::GetItemName, &Item::SetItemName,
                    &Item::GetFileName, &Item::SetFileName, &Item::SetSelected, &Item::IsSelected,

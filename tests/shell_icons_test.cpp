@@ -28,19 +28,6 @@ const Text FULL_WIDTH = {static_cast<WCHAR>(0xFF21)};
 
 Text Repeat(std::size_t count) { return Text(count, TEXT('x')); }
 
-// The normal and the selected image of a tree's items and the image of a list's rows, as written.
-Images WrittenImages(const SentMessages& sent) {
-  Images images;
-  for (const SentMessage& one : sent.all) {
-    if (one.message == TVM_INSERTITEMW || one.message == TVM_SETITEMW) {
-      images.insert(images.end(), {one.treeItem.iImage, one.treeItem.iSelectedImage});
-    } else if (one.message == LVM_INSERTITEMW || one.message == LVM_SETITEMW) {
-      images.push_back(one.item.iImage);
-    }
-  }
-  return images;
-}
-
 class ShellIcons : public HostTest {
  protected:
   void SetUp() override {
@@ -50,39 +37,38 @@ class ShellIcons : public HostTest {
 
   void Open(std::uint32_t style = 0) {
     ASSERT_NE(CreateView(style), nullptr);
-    icons.asked.clear();
+    TakeNames();
     ASSERT_TRUE(view->UseSystemImageList());
-    EXPECT_EQ(icons.asked, Texts{TEXT("*.exe")}) << "any type tells the shell's list";
-    icons.asked.clear();
+    EXPECT_EQ(TakeNames(), Texts{TEXT("*.exe")}) << "any type tells the shell's list";
   }
 
-  ItemHandle InsertFile(const Text& file, int type = 0) {
-    Fill(file, type);
-    return view->InsertItem(&record, -1);
-  }
+  // The names that the shell was asked for since the last call.
+  Texts TakeNames() { return std::exchange(icons.asked, {}); }
 
-  bool UpdateFile(ItemHandle item, const Text& file, int type = 0) {
-    Fill(file, type);
-    return view->UpdateItem(&record, item);
-  }
-
-  // The one name that the shell was asked for since the last call.
-  Text TakeName() {
-    EXPECT_EQ(icons.asked.size(), 1u);
-    Text name = icons.asked.empty() ? Text() : icons.asked[0];
-    icons.asked.clear();
-    return name;
-  }
-
-  FakeIcons icons;
-
- private:
-  void Fill(const Text& file, int type) {
+  ItemHandle InsertFile(const Text& file, int type) {
     record.SetType(type);
     record.SetFileName(file.c_str());
     record.SetImageIndex(77);
+    return view->InsertItem(&record, -1);
   }
 
+  // The normal and the selected image of a tree's item and the image of a list's row, as they are
+  // written when it is inserted and when it is updated.
+  Images ImagesOf(const Text& file, int type = 0) {
+    const SentMessages sent;
+    EXPECT_TRUE(view->UpdateItem(&record, InsertFile(file, type)));
+    Images images;
+    for (const SentMessage& one : sent.all) {
+      if (one.message == TVM_INSERTITEMW || one.message == TVM_SETITEMW) {
+        images.insert(images.end(), {one.treeItem.iImage, one.treeItem.iSelectedImage});
+      } else if (one.message == LVM_INSERTITEMW || one.message == LVM_SETITEMW) {
+        images.push_back(one.item.iImage);
+      }
+    }
+    return images;
+  }
+
+  FakeIcons icons;
   QVLTreeViewItem record;
 };
 
@@ -123,9 +109,9 @@ TEST_F(ShellIcons, NamesAreAskedForAsTypeAndLengthSay) {
       for (const int type : TYPES) {
         const ItemHandle item = InsertFile(row.file, type);
         EXPECT_NE(item, -1);
-        EXPECT_EQ(TakeName(), type == 1 ? row.askedForTypeOne : row.asked) << type;
-        EXPECT_TRUE(UpdateFile(item, row.file, type));
-        EXPECT_EQ(TakeName(), row.file) << "an update asks for the whole name";
+        EXPECT_EQ(TakeNames(), Texts{type == 1 ? row.askedForTypeOne : row.asked}) << type;
+        EXPECT_TRUE(view->UpdateItem(&record, item));
+        EXPECT_EQ(TakeNames(), Texts{row.file}) << "an update asks for the whole name";
       }
     }
   }
@@ -135,33 +121,22 @@ TEST_F(ShellIcons, ExtensionThatIsTooLongGivesTheFirstImageUnasked) {
   Open();
   icons.index = 2;
   for (const int type : TYPES) {
-    const SentMessages sent;
-    EXPECT_NE(InsertFile(TEXT("a.") + Repeat(LONGEST), type), -1);
-    EXPECT_EQ(WrittenImages(sent), (Images{0, 0}));
+    EXPECT_EQ(ImagesOf(TEXT("a.") + Repeat(LONGEST), type), (Images{0, 0, 2, 2}));
+    EXPECT_EQ(TakeNames().size(), 1u) << "the update asks for the whole name";
   }
-  EXPECT_EQ(icons.asked, Texts());
 }
 
-TEST_F(ShellIcons, ImageIsTheShellsWithinTheCountOfItsList) {
-  Open();
+TEST_F(ShellIcons, ImageIsTheShellsInATreeWithinTheCountOfItsList) {
   const std::pair<int, int> rows[] = {{0, 0}, {2, 2}, {3, 3}, {4, 3}, {1000, 3}};
-  for (const auto& [index, image] : rows) {
-    icons.index = index;
-    const SentMessages sent;
-    EXPECT_TRUE(UpdateFile(InsertFile(TEXT("a")), TEXT("a")));
-    EXPECT_EQ(WrittenImages(sent), Images(4, image)) << index;
-  }
-}
-
-TEST_F(ShellIcons, ItemThatTheShellRefusesGetsTheFirstImage) {
   for (const std::uint32_t style : VIEWS) {
     icons.refuses = false;
     Open(style);
-    icons.index = 2;
+    for (const auto& [index, imageInTree] : rows) {
+      icons.index = index;
+      EXPECT_EQ(ImagesOf(TEXT("a")), style ? Images(2, index) : Images(4, imageInTree)) << index;
+    }
     icons.refuses = true;
-    const SentMessages sent;
-    EXPECT_TRUE(UpdateFile(InsertFile(TEXT("a")), TEXT("a")));
-    EXPECT_EQ(WrittenImages(sent), Images(style ? 2 : 4, 0));
+    EXPECT_EQ(ImagesOf(TEXT("a")), Images(style ? 2 : 4, 0));
   }
 }
 
@@ -170,19 +145,18 @@ TEST_F(ShellIcons, HostsImagesDoNotEndSystemIcons) {
   Open();
   EXPECT_TRUE(view->SetImageList(nullptr));
   icons.index = 1;
-  SentMessages sent;
-  InsertFile(TEXT("a"));
-  EXPECT_EQ(WrittenImages(sent), (Images{1, 1}));
+  EXPECT_EQ(ImagesOf(TEXT("a")), Images(4, 1));
   view->Destroy();
   CreateView();
   icons.refuses = true;
-  EXPECT_FALSE(view->UseSystemImageList());
-  icons.asked.clear();
-  sent.Forget();
-  InsertFile(TEXT("a"));
-  EXPECT_EQ(WrittenImages(sent), (Images{77, 77})) << "a new view starts without";
-  EXPECT_EQ(sent.Of(TVM_SETIMAGELIST).size(), 0u);
-  EXPECT_EQ(icons.asked, Texts());
+  {
+    const SentMessages sent;
+    EXPECT_FALSE(view->UseSystemImageList());
+    EXPECT_EQ(sent.Of(TVM_SETIMAGELIST).size(), 0u);
+  }
+  TakeNames();
+  EXPECT_EQ(ImagesOf(TEXT("a")), Images(4, 77)) << "a new view starts without";
+  EXPECT_EQ(TakeNames(), Texts());
 }
 
 }  // namespace
