@@ -31,6 +31,33 @@ Calls Refill(std::ptrdiff_t count, Calls with = {}) {
   return with;
 }
 
+std::vector<std::uint32_t> PixelsOf(HIMAGELIST list, int index) {
+  const HICON icon = ImageList_GetIcon(list, index, ILD_NORMAL);
+  ICONINFO parts = {};
+  EXPECT_TRUE(GetIconInfo(icon, &parts));
+  std::vector<std::uint32_t> pixels(FakeIcons::SIDE * FakeIcons::SIDE);
+  GetBitmapBits(parts.hbmColor, static_cast<LONG>(pixels.size() * sizeof pixels[0]), pixels.data());
+  DeleteObject(parts.hbmColor);
+  DeleteObject(parts.hbmMask);
+  DestroyIcon(icon);
+  return pixels;
+}
+
+// Whether the list holds, one by one, what the images of the other one become in sixteen bits of
+// colour, on the list's present background.
+bool HoldsCopies(HIMAGELIST list, HIMAGELIST of) {
+  const HIMAGELIST copies = ImageList_Create(FakeIcons::SIDE, FakeIcons::SIDE, ILC_COLOR16, 0, 1);
+  ImageList_SetBkColor(copies, ImageList_GetBkColor(list));
+  const int count = ImageList_GetImageCount(of);
+  bool same = ImageList_GetImageCount(list) == count;
+  for (int i = 0; same && i < count; ++i) {
+    FakeIcons::Append(copies, ImageList_GetIcon(of, i, ILD_NORMAL));
+    same = PixelsOf(list, i) == PixelsOf(copies, i);
+  }
+  ImageList_Destroy(copies);
+  return same;
+}
+
 class IconRefill : public HostTest {
  protected:
   static void SetUpTestSuite() { platform = new ScriptedPlatform; }
@@ -62,24 +89,13 @@ class IconRefill : public HostTest {
     return calls;
   }
 
-  static ItemHandle InsertFile(IQVLTreeView* into, const WCHAR* file = TEXT("a"),
-                               ItemHandle parent = -1) {
-    QVLTreeViewItem record;
-    record.SetFileName(file);
-    return into->InsertItem(&record, parent);
-  }
-
-  static bool UpdateFile(IQVLTreeView* in, ItemHandle item) {
-    QVLTreeViewItem record;
-    return in->UpdateItem(&record, item);
-  }
-
   static HIMAGELIST ListOf(IQVLTreeView* tree) {
     return reinterpret_cast<HIMAGELIST>(
         SendMessageW(tree->GetControlWindow(), TVM_GETIMAGELIST, TVSIL_NORMAL, 0));
   }
 
   IQVLTreeView* other = nullptr;
+  QVLTreeViewItem file;
 };
 
 // Has to be the first: the list is made once in a process.
@@ -94,9 +110,9 @@ TEST_F(IconRefill, FirstUse) {
   EXPECT_TRUE(view->UseSystemImageList());
   EXPECT_EQ(Take(), attempts) << "for the images and for the colour";
   EXPECT_EQ(ListOf(view), nullptr);
-  const ItemHandle item = InsertFile(view);
+  const ItemHandle item = view->InsertItem(&file, -1);
   EXPECT_NE(item, -1);
-  EXPECT_TRUE(UpdateFile(view, item));
+  EXPECT_TRUE(view->UpdateItem(&file, item));
   EXPECT_EQ(Take(), attempts) << "each synchronisation tries again";
 
   // Only the first of the two attempts fails.
@@ -112,7 +128,7 @@ TEST_F(IconRefill, FirstUse) {
   EXPECT_TRUE(ImageList_GetIconSize(shared, &width, &height));
   EXPECT_EQ(std::pair(width, height), std::pair(16, 16));
   EXPECT_EQ(ImageList_GetImageCount(shared), 0);
-  InsertFile(other);
+  other->InsertItem(&file, -1);
   EXPECT_EQ(Take(), Refill(3));
   EXPECT_TRUE(HoldsCopies(shared, icons.list));
   EXPECT_TRUE(view->UseSystemImageList());
@@ -132,29 +148,29 @@ TEST_F(IconRefill, OncePerViewAndChange) {
   EXPECT_TRUE(other->UseSystemImageList());
   EXPECT_EQ(Take(), Refill(5, COLOR)) << "a view's first use";
   EXPECT_EQ(ListOf(other), shared);
-  const ItemHandle item = InsertFile(view);
-  const ItemHandle otherItem = InsertFile(other);
+  const ItemHandle item = view->InsertItem(&file, -1);
+  const ItemHandle otherItem = other->InsertItem(&file, -1);
   EXPECT_EQ(Take(), NOTHING);
 
   icons.Add();
-  InsertFile(view);
+  view->InsertItem(&file, -1);
   EXPECT_EQ(Take(), Refill(6));
   EXPECT_TRUE(HoldsCopies(shared, icons.list));
-  InsertFile(view);
-  UpdateFile(view, item);
+  view->InsertItem(&file, -1);
+  view->UpdateItem(&file, item);
   EXPECT_EQ(Take(), NOTHING);
-  UpdateFile(other, otherItem);
+  other->UpdateItem(&file, otherItem);
   EXPECT_EQ(Take(), Refill(6)) << "the other view's count was still the old one";
-  InsertFile(other);
+  other->InsertItem(&file, -1);
   EXPECT_EQ(Take(), NOTHING);
 
   ImageList_Remove(icons.list, 0);
-  UpdateFile(view, item);
+  view->UpdateItem(&file, item);
   EXPECT_EQ(Take(), Refill(5));
   EXPECT_TRUE(HoldsCopies(shared, icons.list)) << "also a list that has become shorter";
   icons.refuses = true;
   icons.Add();
-  InsertFile(view);
+  view->InsertItem(&file, -1);
   EXPECT_EQ(Take(), NOTHING) << "there was nothing to follow";
 
   other->Destroy();
@@ -201,14 +217,14 @@ TEST_F(IconRefill, FailingCopiesStopNothing) {
     Take();
     platform->answers[failing] = {ERROR_NOT_ENOUGH_MEMORY, result};
     icons.Add();
-    EXPECT_NE(InsertFile(view), -1);
+    EXPECT_NE(view->InsertItem(&file, -1), -1);
     EXPECT_EQ(Take(), Refill(ImageList_GetImageCount(icons.list)));
     EXPECT_EQ(ImageList_GetImageCount(ListOf(view)), 0);
     platform->answers.clear();
-    InsertFile(view);
+    view->InsertItem(&file, -1);
     EXPECT_EQ(Take(), NOTHING) << "the counts are equal";
     icons.Add();
-    InsertFile(view);
+    view->InsertItem(&file, -1);
     EXPECT_TRUE(HoldsCopies(ListOf(view), icons.list));
   }
 }
@@ -234,7 +250,7 @@ TEST_F(IconRefill, ImagesOfCheckBoxesGoWithTheView) {
 // The real list of the shell grows as new types are asked for.
 TEST_F(IconRefill, FollowsEachNewTypeOfTheShell) {
   // Some of these bring an icon of their own, the others share one.
-  const WCHAR* const files[] = {TEXT("C:\\f.txt"), TEXT("C:\\f.chm"), TEXT("C:\\f.msi"),
+  const WCHAR* const names[] = {TEXT("C:\\f.txt"), TEXT("C:\\f.chm"), TEXT("C:\\f.msi"),
                                 TEXT("C:\\f.htm"), TEXT("C:\\f.za"),  TEXT("C:\\f.zb")};
   SHFILEINFOW info = {};
   const auto system = reinterpret_cast<HIMAGELIST>(
@@ -248,7 +264,8 @@ TEST_F(IconRefill, FollowsEachNewTypeOfTheShell) {
   int count = ImageList_GetImageCount(system);
   int changes = 0;
   for (std::size_t i = 0; i < 10000; ++i) {
-    ASSERT_NE(InsertFile(view, files[i % std::size(files)], folder), -1);
+    file.SetFileName(names[i % std::size(names)]);
+    ASSERT_NE(view->InsertItem(&file, folder), -1);
     const int now = ImageList_GetImageCount(system);
     ASSERT_EQ(Take(), now == count ? NOTHING : Refill(now)) << i;
     if (now == count) continue;

@@ -3,11 +3,13 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <gtest/gtest.h>
 #include <shellapi.h>
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/import_patch.h"
@@ -17,13 +19,26 @@
 // here. One at a time.
 class FakeIcons {
  public:
-  FakeIcons();
-  ~FakeIcons();
+  static constexpr int SIDE = 16;
+
+  FakeIcons() { current = this; }
+  ~FakeIcons() {
+    current = nullptr;
+    ImageList_Destroy(list);
+  }
 
   // Adds icons of one colour each at the end of the list, no two alike.
-  void Add(int count = 1);
+  void Add(int count = 1) {
+    while (count-- > 0) Append(list, MakeIcon(++made * 0x305070 & 0xFFFFFF));
+  }
 
-  HIMAGELIST list = nullptr;
+  // Adds an icon to any list, and ends it.
+  static void Append(HIMAGELIST to, HICON icon) {
+    ImageList_ReplaceIcon(to, -1, icon);
+    DestroyIcon(icon);
+  }
+
+  HIMAGELIST list = ImageList_Create(SIDE, SIDE, ILC_COLOR32 | ILC_MASK, 4, 4);
   // What every question is answered with, unless it is refused.
   int index = 0;
   bool refuses = false;
@@ -34,13 +49,29 @@ class FakeIcons {
   std::function<void()> onQuestion = [] {};
 
  private:
+  static HICON MakeIcon(std::uint32_t color) {
+    const std::vector<std::uint32_t> pixels(SIDE * SIDE, 0xFF000000 | color);
+    const std::vector<std::uint32_t> shown(SIDE * SIDE, 0);
+    ICONINFO parts = {};
+    parts.fIcon = TRUE;
+    parts.hbmColor = CreateBitmap(SIDE, SIDE, 1, 32, pixels.data());
+    parts.hbmMask = CreateBitmap(SIDE, SIDE, 1, 1, shown.data());
+    const HICON icon = CreateIconIndirect(&parts);
+    DeleteObject(parts.hbmColor);
+    DeleteObject(parts.hbmMask);
+    return icon;
+  }
+
   static DWORD_PTR WINAPI Answer(LPCWSTR name, DWORD attributes, SHFILEINFOW* info, UINT size,
-                                 UINT flags);
+                                 UINT flags) {
+    EXPECT_EQ(std::tuple(attributes, size, flags), std::tuple(128u, sizeof *info, 0x4011u));
+    current->asked.emplace_back(name);
+    current->onQuestion();
+    info->iIcon = current->index;
+    return current->refuses ? 0 : reinterpret_cast<DWORD_PTR>(current->list);
+  }
 
+  static inline FakeIcons* current = nullptr;
   std::uint32_t made = 0;
-  ImportPatch patch;
+  const ImportPatch patch{"SHGetFileInfoW", &Answer};
 };
-
-// Whether the list holds, one by one, what the images of the other one become in sixteen bits of
-// colour, on the list's present background.
-bool HoldsCopies(HIMAGELIST list, HIMAGELIST of);

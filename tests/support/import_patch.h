@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,11 @@ class ImportPatch {
   ImportPatch& operator=(const ImportPatch&) = delete;
 
  private:
-  ImportPatch(const char* name, void* replacement);
+  ImportPatch(const char* name, void* replacement) : slots(FindSlots(name)) {
+    if (slots.empty()) throw std::runtime_error(std::string("qvl does not import ") + name);
+    original = *slots.front();
+    Point(replacement);
+  }
 
   // Where the library keeps the address of that function, bound and writable. This is the one thing
   // that the two kinds of image differ in.

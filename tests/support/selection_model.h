@@ -24,7 +24,8 @@ class SelectionModel {
   // affair; the selected bit goes along with the caret.
   void Restructure(const ItemHandleList& all, const ItemHandleList& shown, ItemHandle newCaret) {
     visible = shown;
-    if (caret != newCaret) GiveCaret(newCaret);
+    MoveCaret(newCaret);
+    said.clear();
     std::erase_if(selected, [&](ItemHandle item) {
       return std::find(all.begin(), all.end(), item) == all.end();
     });
@@ -120,15 +121,11 @@ class SelectionModel {
     for (const ItemHandle item : SelectedVisible()) Mark(item, false);
   }
 
-  void GiveCaret(ItemHandle item) {
+  void MoveCaret(ItemHandle item) {
+    if (caret == item) return;
     selected.erase(caret);
     caret = item;
     if (item) selected.insert(item);
-  }
-
-  void MoveCaret(ItemHandle item) {
-    if (caret == item) return;
-    GiveCaret(item);
     Report(item);
   }
 
