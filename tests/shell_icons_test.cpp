@@ -98,8 +98,7 @@ TEST_F(ShellIcons, NamesAreAskedForAsTypeAndLengthSay) {
       {TEXT("a.") + Repeat(258), TEXT(".") + Repeat(258), TEXT(".") + Repeat(258)},
       {TEXT(".d\\") + Repeat(300), Repeat(LONGEST), Repeat(LONGEST)},
       {deep, deep.substr(deep.size() - LONGEST), TEXT("short.txt")},
-      {PAIR + Repeat(254) + TEXT(".c"), PAIR + Repeat(254) + TEXT(".c"),
-       PAIR + Repeat(254) + TEXT(".c")},
+      {TEXT("a") + PAIR + Repeat(257), PAIR + Repeat(257), PAIR + Repeat(257)},
       {PAIR + Repeat(256) + TEXT(".c"), Repeat(256) + TEXT(".c"), Repeat(256) + TEXT(".c")},
       {TEXT("a") + FULL_WIDTH + Repeat(258), FULL_WIDTH + Repeat(258), FULL_WIDTH + Repeat(258)},
   };

@@ -169,17 +169,18 @@ new_calls() {
     true)
 }
 
-# Until the focus is in a label's edit field.
-await_editing() {
+# retry what-fails command...: until the command succeeds.
+retry() {
   local tries
   for ((tries = 0; tries < 500; tries++)); do
-    if try_to_ask editing; then
-      return
-    fi
+    "${@:2}" && return
     sleep 0.02
   done
-  fail "no label is being edited"
+  fail "$1"
 }
+
+# Until the focus is in a label's edit field.
+await_editing() { retry "no label is being edited" try_to_ask editing; }
 
 # await text: until a new line of the log contains it.
 await() { ask await "$session_mark" "$@"; }
@@ -215,27 +216,10 @@ expect_logged() {
 }
 
 # The lines of the menu, once there is one.
-await_menu() {
-  local tries
-  for ((tries = 0; tries < 500; tries++)); do
-    if try_to_ask menu; then
-      return
-    fi
-    sleep 0.02
-  done
-  fail "no menu came up"
-}
+await_menu() { retry "no menu came up" try_to_ask menu; }
 
-await_no_menu() {
-  local tries
-  for ((tries = 0; tries < 500; tries++)); do
-    if ! try_to_ask menu; then
-      return
-    fi
-    sleep 0.02
-  done
-  fail "the menu does not go"
-}
+has_no_menu() { ! try_to_ask menu; }
+await_no_menu() { retry "the menu does not go" has_no_menu; }
 
 # Closes the menu that comes up, with a picture of it.
 leave_menu() {
@@ -244,6 +228,12 @@ leave_menu() {
   xdotool key Escape
   await_no_menu
   settle
+}
+
+# has_other_menu before: the menu no longer looks like that.
+has_other_menu() {
+  ask menu
+  [ "$answer" != "$1" ]
 }
 
 # pick text: goes down the menu to that command and runs it.
@@ -257,20 +247,7 @@ pick() {
       return
     fi
     xdotool key Down
-    await_other_menu "$answer"
+    retry "the menu does not follow the keys" has_other_menu "$answer"
   done
   fail "the menu has no command $1"
-}
-
-# await_other_menu before: until the menu no longer looks like that.
-await_other_menu() {
-  local tries
-  for ((tries = 0; tries < 500; tries++)); do
-    ask menu
-    if [ "$answer" != "$1" ]; then
-      return
-    fi
-    sleep 0.01
-  done
-  fail "the menu does not follow the keys"
 }

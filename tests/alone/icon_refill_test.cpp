@@ -31,12 +31,12 @@ Calls Refill(std::ptrdiff_t count, Calls with = {}) {
   return with;
 }
 
-std::vector<std::uint32_t> PixelsOf(HIMAGELIST list, int index) {
+FakeIcons::Pixels PixelsOf(HIMAGELIST list, int index) {
   const HICON icon = ImageList_GetIcon(list, index, ILD_NORMAL);
   ICONINFO parts = {};
   EXPECT_TRUE(GetIconInfo(icon, &parts));
-  std::vector<std::uint32_t> pixels(FakeIcons::SIDE * FakeIcons::SIDE);
-  GetBitmapBits(parts.hbmColor, static_cast<LONG>(pixels.size() * sizeof pixels[0]), pixels.data());
+  FakeIcons::Pixels pixels = {};
+  GetBitmapBits(parts.hbmColor, sizeof pixels, pixels.data());
   DeleteObject(parts.hbmColor);
   DeleteObject(parts.hbmMask);
   DestroyIcon(icon);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <shellapi.h>
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -20,6 +21,7 @@
 class FakeIcons {
  public:
   static constexpr int SIDE = 16;
+  using Pixels = std::array<std::uint32_t, 256>;
 
   FakeIcons() { current = this; }
   ~FakeIcons() {
@@ -50,8 +52,9 @@ class FakeIcons {
 
  private:
   static HICON MakeIcon(std::uint32_t color) {
-    const std::vector<std::uint32_t> pixels(SIDE * SIDE, 0xFF000000 | color);
-    const std::vector<std::uint32_t> shown(SIDE * SIDE, 0);
+    Pixels pixels;
+    pixels.fill(0xFF000000 | color);
+    const Pixels shown = {};
     ICONINFO parts = {};
     parts.fIcon = TRUE;
     parts.hbmColor = CreateBitmap(SIDE, SIDE, 1, 32, pixels.data());

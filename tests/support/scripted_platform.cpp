@@ -9,6 +9,7 @@
 #include <bit>
 #include <cstddef>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -40,46 +41,39 @@ struct Name {
   char text[SIZE];
 };
 
-// The functions that relays go on to. Those of the common controls are the ones that a lookup
-// gives.
-std::map<std::string, FARPROC> targets = {
-    {"RegisterClassW", std::bit_cast<FARPROC>(&RegisterClassW)},
-    {"CreateWindowExW", std::bit_cast<FARPROC>(&CreateWindowExW)},
-};
-
-template <Name NAME, typename Signature>
-struct Relay;
-
-// Stands in for a function of which only the context is checked.
-template <Name NAME, typename Result, typename... Arguments>
-struct Relay<NAME, Result(Arguments...)> {
-  static Result Call(Arguments... arguments) {
-    EXPECT_EQ(platform->active, 1u) << NAME.text;
-    const auto target = std::bit_cast<Result (*)(Arguments...)>(targets.at(NAME.text));
-    return Note(NAME.text, [&] { return target(arguments...); });
-  }
-};
-
-HIMAGELIST WINAPI CreateList(int width, int height, UINT flags, int count, int growth) {
+void ExpectNewIconList(int, int, UINT flags, int count, int growth) {
   EXPECT_EQ(std::tuple(flags, count, growth), std::tuple(0x10u, 0, 100));
-  return Relay<"ImageList_Create", decltype(ImageList_Create)>::Call(width, height, flags, count,
-                                                                     growth);
 }
 
-template <Name NAME, typename Signature>
-std::pair<const std::string, FARPROC> RelayOf() {
-  return {NAME.text, std::bit_cast<FARPROC>(&Relay<NAME, Signature>::Call)};
+// The functions that relays go on to; those of the common controls are the ones last looked up.
+std::map<std::string, FARPROC> targets;
+
+// What stands in for a function of which hardly more than the context is checked, with its name.
+template <Name NAME, typename Result, typename... Arguments>
+std::pair<const std::string, FARPROC> RelayTo(Result (*function)(Arguments...)) {
+  targets[NAME.text] = std::bit_cast<FARPROC>(function);
+  const auto relay = [](Arguments... arguments) {
+    EXPECT_EQ(platform->active, 1u) << NAME.text;
+    if constexpr (std::is_same_v<Result(Arguments...), decltype(ImageList_Create)>) {
+      ExpectNewIconList(arguments...);
+    }
+    const auto target = std::bit_cast<Result (*)(Arguments...)>(targets.at(NAME.text));
+    return Note(NAME.text, [&] { return target(arguments...); });
+  };
+  return {NAME.text, std::bit_cast<FARPROC>(+relay)};
 }
 
 const std::map<std::string, FARPROC> relays = {
-    {"ImageList_Create", std::bit_cast<FARPROC>(&CreateList)},
-    RelayOf<"ImageList_Destroy", decltype(ImageList_Destroy)>(),
-    RelayOf<"ImageList_GetIcon", decltype(ImageList_GetIcon)>(),
-    RelayOf<"ImageList_GetIconSize", decltype(ImageList_GetIconSize)>(),
-    RelayOf<"ImageList_GetImageCount", decltype(ImageList_GetImageCount)>(),
-    RelayOf<"ImageList_Remove", decltype(ImageList_Remove)>(),
-    RelayOf<"ImageList_ReplaceIcon", decltype(ImageList_ReplaceIcon)>(),
-    RelayOf<"ImageList_SetBkColor", decltype(ImageList_SetBkColor)>(),
+    RelayTo<"CreateWindowExW">(&CreateWindowExW),
+    RelayTo<"ImageList_Create">(&ImageList_Create),
+    RelayTo<"ImageList_Destroy">(&ImageList_Destroy),
+    RelayTo<"ImageList_GetIcon">(&ImageList_GetIcon),
+    RelayTo<"ImageList_GetIconSize">(&ImageList_GetIconSize),
+    RelayTo<"ImageList_GetImageCount">(&ImageList_GetImageCount),
+    RelayTo<"ImageList_Remove">(&ImageList_Remove),
+    RelayTo<"ImageList_ReplaceIcon">(&ImageList_ReplaceIcon),
+    RelayTo<"ImageList_SetBkColor">(&ImageList_SetBkColor),
+    RelayTo<"RegisterClassW">(&RegisterClassW),
 };
 
 BOOL WINAPI Query(DWORD flags, HANDLE address, void* subInstance, ULONG about, void* buffer,
@@ -173,8 +167,8 @@ ScriptedPlatform::ScriptedPlatform() {
   replace("FindActCtxSectionStringW", &Find);
   replace("LoadLibraryW", &Load);
   replace("GetProcAddress", &Lookup);
-  replace("RegisterClassW", &Relay<"RegisterClassW", decltype(RegisterClassW)>::Call);
-  replace("CreateWindowExW", &Relay<"CreateWindowExW", decltype(CreateWindowExW)>::Call);
+  replace("RegisterClassW", relays.at("RegisterClassW"));
+  replace("CreateWindowExW", relays.at("CreateWindowExW"));
   replace("DestroyIcon", &Destroy);
 }
 
