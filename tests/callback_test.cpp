@@ -32,15 +32,15 @@ class TreeCallbackTest : public CallbackTest<TreeTest> {
     ExpectResult(inserted == -1, false, true);
   }
 
+  void UpdateSelected() {
+    QVLTreeViewItem record;
+    record.SetSelected(true);
+    ExpectResult(view->UpdateItem(&record, last), true, false);
+  }
+
   void EditLabel() {
     const LRESULT edit = Ask(TVM_EDITLABELW, 0, current);
     if (edit) SendMessageW(reinterpret_cast<HWND>(edit), WM_KEYDOWN, VK_RETURN, 1);
-  }
-
-  void AskInfoTip() {
-    NMTVGETINFOTIPW tip = {};
-    tip.hItem = Native(last);
-    Notify(tip.hdr, TVN_GETINFOTIPW);
   }
 
   const std::vector<Flow> FLOWS = {
@@ -61,14 +61,17 @@ class TreeCallbackTest : public CallbackTest<TreeTest> {
       {"SetItemSelected", Busy::NEVER, [this] { view->SetItemSelected(last, true); }},
       {"ExpandAll", Busy::IN_EVERY_CALL, [this] { view->ExpandAll(); }},
       {"InsertItem", Busy::IN_EVERY_CALL, [this] { InsertSelected(); }},
-      {"DeleteItem", Busy::IN_EVERY_CALL, [this] { view->DeleteItem(current); }},
-      {"DeleteItem of a branch", Busy::IN_EVERY_CALL, [this] { view->DeleteItem(Item('Q')); }},
+      {"UpdateItem", Busy::IN_EVERY_CALL, [this] { UpdateSelected(); }},
+      {"DeleteItem", Busy::IN_EVERY_CALL,
+       [this] { ExpectResult(view->DeleteItem(current), true, false); }},
+      {"DeleteItem of a branch", Busy::IN_EVERY_CALL,
+       [this] { ExpectResult(view->DeleteItem(Item('Q')), true, false); }},
       {"context request", Busy::IN_REPORTS, [this] { RequestMenu(LabelPoint(last)); }},
       {"label edit", Busy::IN_EVERY_CALL, [this] { EditLabel(); }},
       {"drag", Busy::NEVER, [this] { NotifyOf(last, TVN_BEGINDRAGW); }},
       {"single drag", Busy::IN_REPORTS,
        [this] { view->SetMultiSelect(false), NotifyOf(last, TVN_BEGINDRAGW); }},
-      {"info tip", Busy::NEVER, [this] { AskInfoTip(); }},
+      {"info tip", Busy::NEVER, [this] { NotifyOf(last, TVN_GETINFOTIPW); }},
   };
 };
 
@@ -136,6 +139,8 @@ class ListCallbackTest : public CallbackTest<ListTest> {
        [this] { ExpectResult(view->InsertItem(&marked, -1), ItemHandle{3}, -1); }},
       {"UpdateItem", Busy::IN_EVERY_CALL,
        [this] { ExpectResult(view->UpdateItem(&marked, 0), true, false); }},
+      {"DeleteItem", Busy::IN_EVERY_CALL,
+       [this] { ExpectResult(view->DeleteItem(1), true, false); }},
       {"HitTest", Busy::IN_EVERY_CALL, [this] { SelectByHitTest(); }},
       {"drag", Busy::NEVER, [this] { NotifyRow(LVN_BEGINDRAG, 1); }},
       {"drag of another row", Busy::IN_EVERY_CALL, [this] { NotifyRow(LVN_BEGINDRAG, 0); }},

@@ -42,7 +42,7 @@ class ListContract : public ContractTest<ListTest> {
   }
 
   POINT Label(int row) const {
-    const RECT rect = Part(row, LVIR_LABEL);
+    const RECT rect = ItemRect(row);
     return {rect.left + 5, (rect.top + rect.bottom) / 2};
   }
 };
@@ -94,8 +94,8 @@ TEST_F(ListContract, MouseAndKeysAreToldRowByRow) {
     EXPECT_EQ(Told(), step.told) << step.what;
     EXPECT_EQ(Selected(), step.selected) << step.what;
   }
-  EXPECT_EQ(StateImage(1), 2u);
-  EXPECT_EQ(StateImage(4), 2u);
+  EXPECT_EQ(BoxOf(1), 2u);
+  EXPECT_EQ(BoxOf(4), 2u);
 }
 
 }  // namespace

@@ -58,18 +58,6 @@ class TreeContract : public ContractTest<TreeTest> {
 
   void Collapse(char name) { Ask(TVM_EXPAND, TVE_COLLAPSE, Item(name)); }
   void Delete(char name) { Ask(TVM_DELETEITEM, 0, Item(name)); }
-
-  UINT Box(ItemHandle item) {
-    return static_cast<UINT>(Ask(TVM_GETITEMSTATE, item, TVIS_STATEIMAGEMASK)) >> 12;
-  }
-  void SetBox(ItemHandle item, UINT box) {
-    TVITEMW values = {};
-    values.mask = TVIF_STATE;
-    values.hItem = Native(item);
-    values.state = box << 12;
-    values.stateMask = TVIS_STATEIMAGEMASK;
-    AskRecord(TVM_SETITEMW, 0, &values);
-  }
 };
 
 TEST_F(TreeContract, WhatIsDoneIsToldAndMovesTheCaret) {
@@ -197,8 +185,8 @@ TEST_F(TreeContract, TheFirstPaintEmptiesBoxesUnlessTheStyleCameLater) {
     EXPECT_EQ(Ask(TVM_GETIMAGELIST, TVSIL_STATE) != 0, later);
     ShowControl();
     EXPECT_NE(Ask(TVM_GETIMAGELIST, TVSIL_STATE), 0);
-    EXPECT_EQ(Box(ticked), later ? 2U : 1U);
-    EXPECT_EQ(Box(Insert('n')), 1U) << "a new item's box is empty";
+    EXPECT_EQ(BoxOf(ticked), later ? 2U : 1U);
+    EXPECT_EQ(BoxOf(Insert('n')), 1U) << "a new item's box is empty";
   }
 }
 
@@ -207,11 +195,11 @@ TEST_F(TreeContract, BoxesAreTickedByPressAndSpace) {
   SetBox(Item('a'), 3);
   for (const UINT box : {2U, 1U}) {
     Press(At(ON_BOX, 1));
-    EXPECT_EQ(Box(Item('e')), box);
+    EXPECT_EQ(BoxOf(Item('e')), box);
     Key(VK_SPACE);
-    EXPECT_EQ(Box(Item('f')), box);
+    EXPECT_EQ(BoxOf(Item('f')), box);
     Press(At(ON_BOX, 0));
-    EXPECT_EQ(Box(Item('a')), 3U) << "an image of the host's stays";
+    EXPECT_EQ(BoxOf(Item('a')), 3U) << "an image of the host's stays";
   }
   EXPECT_EQ(Told(), "");
   EXPECT_EQ(CaretItem(), Item('f'));

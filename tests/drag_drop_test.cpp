@@ -96,7 +96,7 @@ class DragDropTest : public EachSelectionView {
   ImportPatch position{"GetMessagePos", &MessagePosition};
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, SELECTION_VIEWS, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, EACH_VIEW, ViewName);
 
 TEST_P(DragDropTest, TheBlockIsWrittenByteForByte) {
   messagePosition = (70u << 16) | 300u;

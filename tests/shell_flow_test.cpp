@@ -18,7 +18,7 @@ class ShellFlowTest : public EachSelectionView {
   FakeShell shell;
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, ShellFlowTest, SELECTION_VIEWS, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ShellFlowTest, EACH_VIEW, ViewName);
 
 TEST_P(ShellFlowTest, TheClientIsAskedForTheFilesOfTheSelection) {
   AnswerWith(FILES);
@@ -89,7 +89,7 @@ class RealShellTest : public EachSelectionView {
   static inline int entries = 0;
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, RealShellTest, SELECTION_VIEWS, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, RealShellTest, EACH_VIEW, ViewName);
 
 TEST_P(RealShellTest, OffersTheMenuOfARealFile) {
   const ImportPatch patch("TrackPopupMenu", &PickNothing);

@@ -42,7 +42,7 @@ class ShellMenuTest : public EachSelectionView {
   FakeShell shell;
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, ShellMenuTest, SELECTION_VIEWS, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ShellMenuTest, EACH_VIEW, ViewName);
 
 TEST_P(ShellMenuTest, EverythingIsTakenAndReleasedInOrder) {
   for (const int command : {1, 5, 0x7FFF}) {

@@ -9,7 +9,8 @@ int QVLListView::GetViewType() { return 2; }
 bool QVLListView::DeleteItem(ItemHandle handle) {
   const int row = list::Row(handle);
   if (!controlWindow || row == list::kNoRow) return false;
-  return list::DeleteItem(controlWindow, row);
+  LifeWatch alive(life);
+  return list::DeleteItem(controlWindow, row) && alive;
 }
 
 // The counter is reset first: the client may insert rows when it hears of the deletion.

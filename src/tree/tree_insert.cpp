@@ -40,12 +40,13 @@ ItemHandle QVLTreeView::InsertItem(QVLTreeViewItem* item, ItemHandle parent) {
 
 bool QVLTreeView::UpdateItem(QVLTreeViewItem* item, ItemHandle handle) {
   if (!controlWindow || handle == -1 || item->GetSubItem() != 0) return false;
+  LifeWatch alive(life);
   TVITEMW native = NativeItem(*item, ImageOfItem(*item));
   native.hItem = tree::Handle(handle);
   if (!tree::SetItem(controlWindow, native)) return false;
   HeldItem updated(life, handle);
   ApplyCheckAndSelection(*item, updated);
-  return true;
+  return static_cast<bool>(alive);
 }
 
 // Both only switch on. Selecting calls out, so it comes last.

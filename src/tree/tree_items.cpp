@@ -7,7 +7,8 @@ int QVLTreeView::GetViewType() { return 1; }
 
 bool QVLTreeView::DeleteItem(ItemHandle handle) {
   if (!controlWindow || handle == -1) return false;
-  return tree::DeleteItem(controlWindow, handle);
+  LifeWatch alive(life);
+  return tree::DeleteItem(controlWindow, handle) && alive;
 }
 
 void QVLTreeView::DeleteAllItems() {

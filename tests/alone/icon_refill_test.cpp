@@ -249,9 +249,12 @@ TEST_F(IconRefill, ImagesOfCheckBoxesGoWithTheView) {
 
 // The real list of the shell grows as new types are asked for.
 TEST_F(IconRefill, FollowsEachNewTypeOfTheShell) {
-  // Some of these bring an icon of their own, the others share one.
-  const WCHAR* const names[] = {TEXT("C:\\f.txt"), TEXT("C:\\f.chm"), TEXT("C:\\f.msi"),
-                                TEXT("C:\\f.htm"), TEXT("C:\\f.za"),  TEXT("C:\\f.zb")};
+  // The first of these bring icons of their own, the others share one.
+  std::vector<std::basic_string<WCHAR>> names = {TEXT("C:\\f.txt"), TEXT("C:\\f.chm"),
+                                                 TEXT("C:\\f.msi"), TEXT("C:\\f.htm")};
+  for (int i = 0; names.size() < 40; ++i) {
+    names.push_back(TEXT("C:\\f.z") + std::basic_string<WCHAR>(1, static_cast<WCHAR>('A' + i)));
+  }
   SHFILEINFOW info = {};
   const auto system = reinterpret_cast<HIMAGELIST>(
       SHGetFileInfoW(TEXT("*.exe"), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
@@ -264,7 +267,7 @@ TEST_F(IconRefill, FollowsEachNewTypeOfTheShell) {
   int count = ImageList_GetImageCount(system);
   int changes = 0;
   for (std::size_t i = 0; i < 10000; ++i) {
-    file.SetFileName(names[i % std::size(names)]);
+    file.SetFileName(names[i % names.size()].c_str());
     ASSERT_NE(view->InsertItem(&file, folder), -1);
     const int now = ImageList_GetImageCount(system);
     ASSERT_EQ(Take(), now == count ? NOTHING : Refill(now)) << i;

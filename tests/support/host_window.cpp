@@ -86,6 +86,12 @@ void HostTest::ReleaseView() {
   view = nullptr;
 }
 
+bool HostTest::IsList() const {
+  WCHAR name[20] = {};
+  GetClassNameW(control, name, 20);
+  return name == std::basic_string<WCHAR>(WC_LISTVIEWW);
+}
+
 ItemHandle HostTest::Item(char name) const {
   for (const auto& [item, label] : client.labels) {
     if (label == std::string(1, name)) return item;

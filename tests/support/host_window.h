@@ -52,7 +52,8 @@ class HostTest : public ::testing::Test {
   // Ends the view before the test ends.
   void ReleaseView();
 
-  bool IsList() const { return view->GetViewType() == 2; }
+  // Whether the control is a list and not a tree.
+  bool IsList() const;
 
   // An item by its one-letter name, or 0.
   ItemHandle Item(char name) const;

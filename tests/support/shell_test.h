@@ -2,8 +2,6 @@
 
 #include "support/each_view.h"
 
-inline const auto SELECTION_VIEWS = EACH_VIEW;
-
 // A view of which the first and the last item are selected. Both kinds of view hand their selection
 // to the system in the same way.
 class EachSelectionView : public EachView {
