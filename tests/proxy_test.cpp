@@ -134,8 +134,6 @@ class Proxy : public HostTest, public ::testing::WithParamInterface<std::uint32_
     }
     return count;
   }
-
-  HWND control = nullptr;
 };
 
 INSTANTIATE_TEST_SUITE_P(Views, Proxy, ::testing::Values(0u, std::uint32_t{QVLS_LISTVIEW}));
