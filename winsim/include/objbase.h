@@ -19,6 +19,5 @@ struct IMalloc : IUnknown {
 };
 
 WINSIM_API const IID IID_IUnknown;
-WINSIM_API const IID IID_IMalloc;
 
 WINSIM_API void* WINAPI CoTaskMemAlloc(SIZE_T bytes);

