@@ -149,8 +149,8 @@ std::string Press(Player& player) {
   const LPARAM end = MAKELPARAM(LOWORD(point) + drag, HIWORD(point) + drag);
   const WPARAM keys = KEYS[player.Below(player.IsList() ? 3 : 4)];
   const HWND control = player.Control();
-  const std::string pressed = player.Name(item) + " with keys " + Words(static_cast<int>(keys)) +
-                              (drag ? " and a drag by " + Words(drag) : "");
+  std::string pressed = player.Name(item) + " with keys " + Words(static_cast<int>(keys)) +
+                        (drag ? " and a drag by " + Words(drag) : "");
   player.extending = player.IsList() && keys == MK_SHIFT;
   // The control waits for the button to come up before it answers the press.
   if (drag != 0) PostMessageW(control, WM_MOUSEMOVE, keys | MK_LBUTTON, end);
@@ -196,7 +196,7 @@ std::string BeginDrag(Player& player) {
   row.iItem = static_cast<int>(item);
   NMTREEVIEWW branch = {};
   branch.itemNew.hItem = reinterpret_cast<HTREEITEM>(item);
-  const std::string dragged = player.Name(item);
+  std::string dragged = player.Name(item);
   if (player.IsList()) {
     Notify(player, LVN_BEGINDRAG, row);
   } else if (item != -1) {
