@@ -112,6 +112,15 @@ TEST_F(TreeSelectionTest, ThePressAloneTellsItsModifiers) {
   EXPECT_EQ(Selected(), "S");
 }
 
+TEST_F(TreeSelectionTest, AnAnchorThatWasDeletedIsNotFoundAgain) {
+  Given("Q P PQ");
+  NMTREEVIEWW record = {};
+  record.itemOld.hItem = Native(Item('P'));
+  Notify(record.hdr, TVN_DELETEITEMW);  // P is now another item under the same handle
+  Press('R', MK_SHIFT);
+  EXPECT_EQ(Selected(), "RS") << "from the target to the last item";
+}
+
 TEST_F(TreeSelectionTest, APressOnTheButtonCountsForTheItem) {
   Insert(TEXT("c"), Item('Q'));
   Given("S P PS");

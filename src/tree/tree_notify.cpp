@@ -51,11 +51,13 @@ void QVLTreeView::HandleControlReport(NMHDR& header) {
   }
 }
 
-// Also without a client: flows that still name the item must let go of it.
+// Also without a client: flows that still name the item must let go of it. An anchor that is gone
+// is found nowhere, but the control may give its handle to another item: -1 no item has.
 void QVLTreeView::HandleItemDeleted(const NMTREEVIEWW& record) {
-  if (record.hdr.hwndFrom == controlWindow) {
-    life.ItemDeleted(reinterpret_cast<ItemHandle>(record.itemOld.hItem));
-  }
+  if (record.hdr.hwndFrom != controlWindow) return;
+  const auto item = reinterpret_cast<ItemHandle>(record.itemOld.hItem);
+  life.ItemDeleted(item);
+  if (selectionAnchor == item) selectionAnchor = -1;
 }
 
 void QVLTreeView::HandleInfoTip(NMTVGETINFOTIPW& record) {

@@ -115,7 +115,14 @@ void ListControl::MouseMoved(LPARAM lParam) {
   const int row = HitTest(&hit);
   if (row == -1) {
     NotifySimple(LVN_MARQUEEBEGIN);
-  } else {
+    return;
+  }
+  // A selection that was pressed on and is gone meanwhile comes back as that row.
+  if (row == pressedRow_ && !(Row(row).state & LVIS_SELECTED)) {
+    pressedRow_ = -1;
+    ChangeState(row, kBoth, kBoth);
+  }
+  if (!Gone()) {
     NotifyDrag(LVN_BEGINDRAG, row, pressPoint_);
   }
 }
