@@ -94,6 +94,9 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
     operations.push_back({"CollapseAll", expandAll, [this] { view->CollapseAll(); }});
     operations.push_back({"a Shift press", [this] { MoveCaret(items.front()); },
                           [this] { ShiftPress(items.back()); }});
+    // All the items above lose their marks.
+    operations.push_back({"a Shift press on the last", [this] { MoveCaret(items.back()); },
+                          [this] { ShiftPress(items.back()); }});
     return operations;
   }
 

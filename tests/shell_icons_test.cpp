@@ -24,6 +24,7 @@ constexpr std::size_t LONGEST = 259;
 
 // Two characters for the platform, one for the reader.
 const Text PAIR = {static_cast<WCHAR>(0xD83D), static_cast<WCHAR>(0xDFFF)};
+const Text FIRST_PAIR = {static_cast<WCHAR>(0xD800), static_cast<WCHAR>(0xDC00)};
 const Text FULL_WIDTH = {static_cast<WCHAR>(0xFF21)};
 
 Text Repeat(std::size_t count) { return Text(count, TEXT('x')); }
@@ -100,6 +101,7 @@ TEST_F(ShellIcons, NamesAreAskedForAsTypeAndLengthSay) {
       {deep, deep.substr(deep.size() - LONGEST), TEXT("short.txt")},
       {TEXT("a") + PAIR + Repeat(257), PAIR + Repeat(257), PAIR + Repeat(257)},
       {PAIR + Repeat(256) + TEXT(".c"), Repeat(256) + TEXT(".c"), Repeat(256) + TEXT(".c")},
+      {FIRST_PAIR + Repeat(258), Repeat(258), Repeat(258)},
       {TEXT("a") + FULL_WIDTH + Repeat(258), FULL_WIDTH + Repeat(258), FULL_WIDTH + Repeat(258)},
   };
   for (const std::uint32_t style : VIEWS) {
