@@ -113,7 +113,7 @@ class ListCallbackTest : public CallbackTest<ListTest> {
     WCHAR own = 0;
     NMLVGETINFOTIPW tip = {};
     tip.pszText = &own;
-    Notify(LVN_GETINFOTIPW, tip.hdr);
+    Notify(tip.hdr, LVN_GETINFOTIPW);
     ExpectResult(tip.pszText, LPWSTR{nullptr}, &own);
   }
 
@@ -126,9 +126,9 @@ class ListCallbackTest : public CallbackTest<ListTest> {
 
   QVLTreeViewItem marked;
   const std::vector<Flow> FLOWS = {
-      {"change", Busy::NEVER, [this] { NotifyRow(LVN_ITEMCHANGED, 1); }},
-      {"column", Busy::NEVER, [this] { NotifyRow(LVN_COLUMNCLICK, 0); }},
-      {"edit", Busy::NEVER, [this] { EXPECT_EQ(NotifyRow(LVN_ENDLABELEDITW, 0), 1); }},
+      {"change", Busy::NEVER, [this] { NotifyOf(1, LVN_ITEMCHANGED); }},
+      {"column", Busy::NEVER, [this] { NotifyOf(0, LVN_COLUMNCLICK); }},
+      {"edit", Busy::NEVER, [this] { EXPECT_EQ(NotifyOf(0, LVN_ENDLABELEDITW), 1); }},
       {"context request", Busy::NEVER, [this] { SendMessageW(parent, WM_CONTEXTMENU, 0, 0); }},
       {"context request for a row", Busy::IN_EVERY_CALL, [this] { RequestMenuOfRow(); }},
       {"info tip", Busy::NEVER, [this] { AskInfoTip(); }},
@@ -142,8 +142,8 @@ class ListCallbackTest : public CallbackTest<ListTest> {
       {"DeleteItem", Busy::IN_EVERY_CALL,
        [this] { ExpectResult(view->DeleteItem(1), true, false); }},
       {"HitTest", Busy::IN_EVERY_CALL, [this] { SelectByHitTest(); }},
-      {"drag", Busy::NEVER, [this] { NotifyRow(LVN_BEGINDRAG, 1); }},
-      {"drag of another row", Busy::IN_EVERY_CALL, [this] { NotifyRow(LVN_BEGINDRAG, 0); }},
+      {"drag", Busy::NEVER, [this] { NotifyOf(1, LVN_BEGINDRAG); }},
+      {"drag of another row", Busy::IN_EVERY_CALL, [this] { NotifyOf(0, LVN_BEGINDRAG); }},
       {"key", Busy::IN_EVERY_CALL, [this] { Ask(WM_KEYDOWN, VK_DOWN); }},
       {"Destroy during an edit", Busy::IN_EVERY_CALL, [this] { EndDuringAnEdit(false); }},
       {"release during an edit", Busy::IN_EVERY_CALL, [this] { EndDuringAnEdit(true); }},

@@ -98,12 +98,12 @@ TEST_F(ListCreateTest, MessagesGoByThePlatformToAControlThatIsNotUnicode) {
   handedOn = 0;
   AddRows(1);
   EXPECT_GT(handedOn, 0);
-  EXPECT_EQ(Text(0), TEXT("row"));
+  EXPECT_EQ(TextOf(0), TEXT("row"));
   Open();
   handedOn = 0;
   AddRows(1);
   EXPECT_EQ(handedOn, 0) << "a detour that every message would pay for";
-  EXPECT_EQ(Text(0), TEXT("row"));
+  EXPECT_EQ(TextOf(0), TEXT("row"));
 }
 
 }  // namespace

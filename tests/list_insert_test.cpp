@@ -88,11 +88,11 @@ TEST_F(ListInsertTest, ARecordWithACellNumberWritesTheCell) {
   record.SetSubItem(2);
   record.SetStateIndex(1);
   EXPECT_EQ(view->InsertItem(&record, 1), 1);
-  EXPECT_EQ(Text(1, 2), TEXT("cell"));
+  EXPECT_EQ(TextOf(1, 2), TEXT("cell"));
   record.SetItemName(TEXT("again"));
   EXPECT_TRUE(view->UpdateItem(&record, 1));
-  EXPECT_EQ(Text(1, 2), TEXT("again"));
-  EXPECT_EQ(Text(1), TEXT("row"));
+  EXPECT_EQ(TextOf(1, 2), TEXT("again"));
+  EXPECT_EQ(TextOf(1), TEXT("row"));
   const auto written = sent.Of(LVM_SETITEMW);
   ASSERT_EQ(written.size(), 2u);
   for (const SentMessage& message : written) {
@@ -113,10 +113,10 @@ TEST_F(ListInsertTest, ARecordWithACellNumberWritesTheCell) {
     EXPECT_FALSE(view->UpdateItem(&record, row)) << row;
   }
   EXPECT_EQ(sent.Of(LVM_SETITEMSTATE).size(), 0u);
-  EXPECT_EQ(Text(0, 2), TEXT(""));
+  EXPECT_EQ(TextOf(0, 2), TEXT(""));
   EXPECT_EQ(view->InsertItem(&record, -1), 2) << "without a row it is one of its own";
   EXPECT_EQ(sent.Of(LVM_INSERTITEMW)[0].item.iItem, 2);
-  EXPECT_EQ(Text(2), TEXT("again"));
+  EXPECT_EQ(TextOf(2), TEXT("again"));
 
   // A negative number is no cell's; the record is one of a row, and an update hands it on.
   record.SetSubItem(-3);

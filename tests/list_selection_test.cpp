@@ -60,7 +60,7 @@ TEST_F(ListSelectionTest, EachChangeOfARowIsReportedInABracketOfItsOwn) {
       {"focus", [&] { SetState(1, LVIS_FOCUSED, LVIS_FOCUSED); }, {1}, {1, 3}},
       {"cut", [&] { SetState(0, LVIS_CUT, LVIS_CUT); }, {0}, {1, 3}},
       {"all", [&] { SetState(-1, LVIS_SELECTED, LVIS_SELECTED); }, {0, 2}, {0, 1, 2, 3}},
-      {"no row in particular", [&] { NotifyRow(LVN_ITEMCHANGED, -1); }, {-1}, {1, 3}},
+      {"no row in particular", [&] { NotifyOf(-1, LVN_ITEMCHANGED); }, {-1}, {1, 3}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -149,7 +149,7 @@ TEST_F(ListGrowthTest, TenTimesTheRowsTakeAboutTenTimesAsLong) {
     double fewSeconds;
   } operations[] = {
       {"SelectAll", [&] { view->SelectAll(); }, 0},
-      {"drag", [&] { view->SetClient(&client), NotifyRow(LVN_BEGINDRAG, 0); }, 0},
+      {"drag", [&] { view->SetClient(&client), NotifyOf(0, LVN_BEGINDRAG); }, 0},
       {"ClearSelection", [&] { view->SetClient(nullptr), view->ClearSelection(); }, 0},
       {"InvertSelection", [&] { view->InvertSelection(); }, 0},
       {"CheckAll", [&] { view->CheckAll(); }, 0},

@@ -52,7 +52,7 @@ void QVLTreeView::HandleControlReport(NMHDR& header) {
 }
 
 // Also without a client: flows that still name the item must let go of it. An anchor that is gone
-// is found nowhere, but the control may give its handle to another item: -1 no item has.
+// is to be found nowhere, but its handle may come again for another item. No item has -1.
 void QVLTreeView::HandleItemDeleted(const NMTREEVIEWW& record) {
   if (record.hdr.hwndFrom != controlWindow) return;
   const auto item = reinterpret_cast<ItemHandle>(record.itemOld.hItem);

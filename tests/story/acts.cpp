@@ -52,10 +52,14 @@ std::string Mark(Player& player) {
   return on ? "on" : "off";
 }
 
-std::string CreateAnother(Player& player) {
-  player.list = player.OneIn(2);
+std::string CreateAgain(Player& player) {
   player.Create();
   return "done";
+}
+
+std::string CreateTheOther(Player& player) {
+  player.list = !player.list;
+  return CreateAgain(player);
 }
 
 std::string Update(Player& player) {
@@ -223,7 +227,7 @@ std::string AskForTip(Player& player) {
 
 const std::vector<Act>& Acts() {
   static const std::vector<Act> acts = {
-      {"Create", &CreateAnother},
+      {"Create", &CreateAgain},
       {"Destroy", &Do<&V::Destroy>},
       {"GetViewType", &Ask<&V::GetViewType>},
       {"SetImageList", [](Player& p) { return Words(p.view->SetImageList(nullptr)); }},
@@ -273,6 +277,8 @@ const std::vector<Act>& Acts() {
       {"context request", &RequestMenu},
       {"begin of a drag", &BeginDrag},
       {"tip", &AskForTip},
+      {"Create of the other kind", &CreateTheOther},
+      {"SetStateImageList", [](Player& p) { return Words(p.view->SetStateImageList(nullptr)); }},
   };
   return acts;
 }

@@ -9,6 +9,7 @@ struct Act {
   std::string (*run)(Player& player);
 };
 
+// New ones come last: what the fuzzer found names an act by its place.
 const std::vector<Act>& Acts();
 
 // The one of that name.

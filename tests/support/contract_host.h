@@ -69,11 +69,6 @@ class ContractTest : public View {
     PumpMessages();
   }
 
-  template <class Record>
-  LRESULT AskRecord(UINT message, WPARAM wParam, Record* record) const {
-    return View::Ask(message, wParam, reinterpret_cast<LPARAM>(record));
-  }
-
   // A press after which the mouse moves by that much before the button is let go.
   void Drag(POINT from, int dx, int dy, WPARAM keys = 0) const {
     const LPARAM end = MAKELPARAM(from.x + dx, from.y + dy);

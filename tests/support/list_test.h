@@ -45,7 +45,6 @@ class ListTest : public HostTest {
   int ColumnWidth(int column = 0) const {
     return static_cast<int>(Ask(LVM_GETCOLUMNWIDTH, column));
   }
-  std::basic_string<WCHAR> Text(int row, int column = 0) const { return TextOf(row, column); }
 
   ItemHandleList SelectedRows() const {
     ItemHandleList rows;
@@ -54,7 +53,4 @@ class ListTest : public HostTest {
     }
     return rows;
   }
-
-  LRESULT Notify(UINT code, NMHDR& record) { return HostTest::Notify(record, code); }
-  LRESULT NotifyRow(UINT code, int row) { return NotifyOf(row, code); }
 };

@@ -26,7 +26,6 @@ void AddTreeControlClass() { AddControlClass(WC_TREEVIEWW, &Make); }
 TreeControl::TreeControl(HWND window) : window_(window) {
   root_.level = -1;
   root_.state = TVIS_EXPANDED;
-  boxesDue_ = (Style() & TVS_CHECKBOXES) != 0;
   if (!(Style() & TVS_NOTOOLTIPS)) {
     toolTip_ = MakeToolTip(window);
   }
@@ -153,20 +152,19 @@ void TreeControl::MakeCheckBoxes() {
     stateImages_ = ImageList_Create(kBoxSize, kBoxSize, ILC_COLOR | ILC_MASK, kBoxImages, 0);
     ImageList_SetImageCount(stateImages_, kBoxImages);
   }
-  boxesDue_ = false;
   for (auto& [handle, item] : items_) {
     item->state = (item->state & ~static_cast<UINT>(TVIS_STATEIMAGEMASK)) | 0x1000;
   }
   rowsStale_ = true;
 }
 
-// A tree created with check boxes makes its boxes at its first paint, and empties them all.
+// A tree with check boxes that has no images for them makes some when it is painted, and empties
+// all the boxes.
 void TreeControl::Painted() {
   ValidateRect(window_, nullptr);
-  if (boxesDue_ && !stateImages_) {
+  if ((Style() & TVS_CHECKBOXES) && !stateImages_) {
     MakeCheckBoxes();
   }
-  boxesDue_ = false;
 }
 
 void TreeControl::EndWindow() {

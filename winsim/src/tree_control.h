@@ -126,7 +126,6 @@ class TreeControl : public Control, public LabelEditOwner {
   bool rowsStale_ = false;
   bool barsStale_ = false;
   bool redraw_ = true;
-  bool boxesDue_ = false;
   HIMAGELIST images_ = nullptr;
   HIMAGELIST stateImages_ = nullptr;
   int rowHeight_ = 16;
