@@ -155,13 +155,13 @@ std::string Press(Player& player) {
   const HWND control = player.Control();
   std::string pressed = player.Name(item) + " with keys " + Words(static_cast<int>(keys)) +
                         (drag ? " and a drag by " + Words(drag) : "");
-  player.extending = player.IsList() && keys == MK_SHIFT;
+  player.undisturbed = player.IsList() && (keys == MK_SHIFT || drag != 0);
   // The control waits for the button to come up before it answers the press.
   if (drag != 0) PostMessageW(control, WM_MOUSEMOVE, keys | MK_LBUTTON, end);
   PostMessageW(control, WM_LBUTTONUP, 0, end);
   SendMessageW(control, WM_LBUTTONDOWN, keys | MK_LBUTTON, point);
   PumpStory();
-  player.extending = false;
+  player.undisturbed = false;
   return pressed;
 }
 
@@ -170,12 +170,12 @@ std::string PressKey(Player& player) {
   const bool shift = player.OneIn(2);
   BYTE keys[256] = {};
   keys[VK_SHIFT] = shift ? 0x80 : 0;
-  player.extending = player.IsList() && shift;
+  player.undisturbed = player.IsList() && shift;
   SetKeyboardState(keys);
   SendMessageW(player.Control(), WM_KEYDOWN, key, 1);
   keys[VK_SHIFT] = 0;
   SetKeyboardState(keys);
-  player.extending = false;
+  player.undisturbed = false;
   return Words(static_cast<int>(key)) + (shift ? " with shift" : "");
 }
 

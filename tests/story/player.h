@@ -54,8 +54,8 @@ class Player : public IQVLTreeViewClient {
 
   IQVLTreeView* view = nullptr;
   HWND host;
-  bool list;               // what the next Create makes
-  bool extending = false;  // the range of a list: the real control goes on with it in its own way
+  bool list;                 // what the next Create makes
+  bool undisturbed = false;  // in a gesture that the real list goes on with in its own way
   int openBrackets = 0;
 
   void OnContextMenu(IQVLTreeView* from, int x, int y, ItemHandle item,

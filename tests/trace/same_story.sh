@@ -13,7 +13,7 @@ steps=${3:-400}
 left_out=(
   "positions in pixels and scroll positions: they depend on the fonts that are installed"
   "Shift with Ctrl on a press in a list: what it extends from depends on presses long before"
-  "what a client does while Shift extends a list's range: the real control goes on in its own way"
+  "what a client does while a list extends a range or begins a drag: the real one goes on in its own way"
   "collapsing what a collapsed branch hides, and its place: the real control loses count of rows"
 )
 

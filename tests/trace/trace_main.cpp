@@ -68,7 +68,7 @@ class Narrator final : public Player {
   bool Heard(const std::string& call) override {
     out << "    " << name << " hears " << call << '\n';
     const bool answer = OneIn(2);
-    if (!extending && depth < 2 && OneIn(12)) React();
+    if (!undisturbed && depth < 2 && OneIn(12)) React();
     return answer;
   }
 

@@ -117,14 +117,7 @@ void ListControl::MouseMoved(LPARAM lParam) {
     NotifySimple(LVN_MARQUEEBEGIN);
     return;
   }
-  // A selection that was pressed on and is gone meanwhile comes back as that row.
-  if (row == pressedRow_ && !(Row(row).state & LVIS_SELECTED)) {
-    pressedRow_ = -1;
-    ChangeState(row, kBoth, kBoth);
-  }
-  if (!Gone()) {
-    NotifyDrag(LVN_BEGINDRAG, row, pressPoint_);
-  }
+  NotifyDrag(LVN_BEGINDRAG, row, pressPoint_);
 }
 
 // Selects what is under the mouse, so that the menu stands for it.
