@@ -1,40 +1,46 @@
-# The commands of daily use; each says in its script what it does.
+# The everyday commands. The head of each script says what it does.
 
-.PHONY: all bench demo test fuzz coverage sdk format lint clean packages lint-packages
+.PHONY: all bench clean coverage demo docs format fuzz lint package packages test
 
 all: packages
 	@tools/build.sh windows
-	@tools/build.sh native
+	@tools/build.sh linux
 
-# Shows a directory in the tree view: make demo [DIR=folder]
+# Shows a folder in the demo: make demo [DIR=folder]
 demo: packages
 	@tools/build.sh windows demo
 	@tools/run_demo.sh $(if $(DIR),"$(DIR)")
 
 test: packages
-	@tools/run_tests.sh
+	@tests/scripts/run_tests.sh
 
-# Lets a fuzzer play a hostile host: make fuzz [TIME=seconds]
+# make fuzz [TIME=seconds]
 fuzz:
 	@tools/install_packages.sh fuzz
 	@tools/fuzz.sh $(or $(TIME),60)
 
-# Which lines and branches of src/ the native tests reach
 coverage:
 	@tools/install_packages.sh coverage
 	@tools/coverage.sh
 
-# Measures the library against the bare controls: make bench [DOC=1], into docs/performance.md too
+# make bench [DOC=1]: with DOC also writes docs/performance.md
 bench: packages
 	@QVL_BENCH_DOC=$(DOC) tools/bench.sh
 
-sdk: packages
-	@tools/make_sdk.sh
+docs:
+	@tools/install_packages.sh docs
+	@tools/make_docs.sh
 
-format: lint-packages
+package:
+	@tools/install_packages.sh docs
+	@tools/make_package.sh
+
+format:
+	@tools/install_packages.sh lint
 	@tools/format.sh
 
-lint: lint-packages
+lint:
+	@tools/install_packages.sh lint
 	@tools/lint.sh
 
 clean:
@@ -42,6 +48,3 @@ clean:
 
 packages:
 	@tools/install_packages.sh build
-
-lint-packages:
-	@tools/install_packages.sh lint

@@ -25,7 +25,7 @@ BareControl::BareControl(bool withIcons, const wchar_t* className, DWORD style, 
 
 BareControl::~BareControl() { DestroyWindow(parent); }
 
-// The calls that the library's client would get.
+// Counts the callbacks that the library would make.
 LRESULT CALLBACK BareControl::Count(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NOTIFY) {
     auto* side = reinterpret_cast<Side*>(GetWindowLongPtrW(window, GWLP_USERDATA));

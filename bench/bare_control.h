@@ -1,4 +1,4 @@
-// A native control in a window that counts what the control reports.
+// A native control in a window that counts the control's notifications.
 #pragma once
 
 #include <windows.h>
@@ -12,11 +12,10 @@
 class BareControl : public Side {
  public:
   HWND Control() const override { return control; }
-  std::string Name() const override { return "bare loop"; }
   ~BareControl() override;
 
  protected:
-  // Makes the window at `place` and the control in the whole of it.
+  // Creates the window at `place`, and the control in its whole area.
   BareControl(bool icons, const wchar_t* className, DWORD style, HWND host, const RECT& place);
 
   LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const {
@@ -27,7 +26,7 @@ class BareControl : public Side {
     return Send(message, wParam, reinterpret_cast<LPARAM>(&record));
   }
 
-  // The system's list of small icons, and the index there of a file's icon.
+  // The system's list of small icons, and the index of a file's icon in it.
   HIMAGELIST SystemIcons() const;
   int IconOf(const wchar_t* fileName) const;
 
@@ -44,14 +43,14 @@ class BareControl : public Side {
     Pause(const Pause&) = delete;
     Pause& operator=(const Pause&) = delete;
     ~Pause() {
-      if (changes > kHandful) control.ResumeDrawing();
+      if (changes > kUnpausedChanges) control.ResumeDrawing();
     }
     void BeforeChange() {
-      if (changes++ == kHandful) control.SuspendDrawing();
+      if (changes++ == kUnpausedChanges) control.SuspendDrawing();
     }
 
    private:
-    static constexpr int kHandful = 8;
+    static constexpr int kUnpausedChanges = 8;
 
     const BareControl& control;
     int changes = 0;

@@ -6,7 +6,7 @@ namespace {
 constexpr DWORD kStyle = LVS_REPORT | LVS_SHAREIMAGELISTS | LVS_NOSORTHEADER | LVS_SHOWSELALWAYS;
 constexpr DWORD kListStyle =
     LVS_EX_LABELTIP | LVS_EX_FULLROWSELECT | LVS_EX_SUBITEMIMAGES | LVS_EX_CHECKBOXES;
-constexpr UINT kTicked = INDEXTOSTATEIMAGEMASK(2);
+constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
 
 class BareList final : public BareControl {
  public:
@@ -38,7 +38,7 @@ class BareList final : public BareControl {
 
   void ExpandAll() override {}
 
-  // The count is asked for at each step, since that is how the library tells the last row.
+  // Asks for the count at each step, as the library does to find the last row.
   void Walk() override {
     found = 1;
     for (int row = 0; row + 1 < Send(LVM_GETITEMCOUNT, 0, 0); ++row) ++found;
@@ -95,7 +95,7 @@ class BareList final : public BareControl {
     for (int row = 0; row < count; ++row) {
       if (State(row, LVIS_STATEIMAGEMASK) != INDEXTOSTATEIMAGEMASK(1)) continue;
       pause.BeforeChange();
-      SetState(row, kTicked, LVIS_STATEIMAGEMASK);
+      SetState(row, kChecked, LVIS_STATEIMAGEMASK);
     }
   }
 
@@ -103,7 +103,7 @@ class BareList final : public BareControl {
     found = 0;
     const int count = Count();
     for (int row = 0; row < count; ++row) {
-      if (State(row, LVIS_STATEIMAGEMASK) == kTicked) ++found;
+      if (State(row, LVIS_STATEIMAGEMASK) == kChecked) ++found;
     }
   }
 

@@ -1,11 +1,11 @@
-// The bare tree control. Marking an item sets its selected bit, which the control does not report,
-// so the loop counts the calls that a client of several selected items wants.
+// The bare tree control. The control sends no notification when a selected bit is set, so the loop
+// counts the callbacks that multiple selection needs.
 #include "bare_control.h"
 
 namespace {
 
 constexpr DWORD kStyle = TVS_CHECKBOXES | TVS_SHOWSELALWAYS | TVS_HASBUTTONS | TVS_LINESATROOT;
-constexpr UINT kTicked = INDEXTOSTATEIMAGEMASK(2);
+constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
 
 class BareTree final : public BareControl {
  public:
@@ -13,7 +13,7 @@ class BareTree final : public BareControl {
       : BareControl(withIcons, WC_TREEVIEWW, kStyle, host, place) {
     const LONG_PTR style = GetWindowLongPtrW(Control(), GWL_STYLE);
     SetWindowLongPtrW(Control(), GWL_STYLE, style & ~static_cast<LONG_PTR>(TVS_CHECKBOXES));
-    SetWindowLongPtrW(Control(), GWL_STYLE, style);  // makes the boxes now
+    SetWindowLongPtrW(Control(), GWL_STYLE, style);  // creates the boxes now
     if (icons) Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(SystemIcons()));
   }
 
@@ -92,7 +92,7 @@ class BareTree final : public BareControl {
     ++calls;
   }
 
-  // The press begins at the first item, the caret, and hits the last.
+  // The caret is on the first item, and the press hits the last.
   void ShiftPress(LPARAM point) override {
     ++calls;
     TVHITTESTINFO hit{};
@@ -117,14 +117,14 @@ class BareTree final : public BareControl {
     for (LPARAM item = First(); item; item = Below(item)) {
       if (State(item, TVIS_STATEIMAGEMASK) != INDEXTOSTATEIMAGEMASK(1)) continue;
       pause.BeforeChange();
-      SetState(item, kTicked, TVIS_STATEIMAGEMASK);
+      SetState(item, kChecked, TVIS_STATEIMAGEMASK);
     }
   }
 
   void GetCheckedCount() override {
     found = 0;
     for (LPARAM item = First(); item; item = Below(item)) {
-      if (State(item, TVIS_STATEIMAGEMASK) == kTicked) ++found;
+      if (State(item, TVIS_STATEIMAGEMASK) == kChecked) ++found;
     }
   }
 

@@ -16,7 +16,7 @@ class CountingClient final : public IQVLTreeViewClient {
 
   void OnContextMenu(IQVLTreeView*, int, int, ItemHandle, std::uint32_t) override { ++calls; }
   bool OnGetInfoTip(IQVLTreeView*, ItemHandle, WCHAR**, int*, std::uint32_t) override {
-    return false;  // comes whenever the mouse rests, so it is not counted
+    return false;  // not counted, because it comes whenever the mouse rests
   }
   bool OnBeginDrag(IQVLTreeView*, ItemHandleList* items, FileNameList*) override {
     ++calls;
@@ -43,18 +43,17 @@ class LibrarySide final : public Side {
     view->SetClient(&client);
     control = view->Create(host, kControlId, place.left, place.top, place.right - place.left,
                            place.bottom - place.top,
-                           kStyle | (kind == Kind::LIST ? QVLS_LISTVIEW : 0), nullptr);
+                           kStyle | (kind == Kind::kList ? QVLS_LISTVIEW : 0), nullptr);
     if (!control) throw std::runtime_error("the view could not be created");
     if (icons && !view->UseSystemImageList()) throw std::runtime_error("there are no icons");
   }
   ~LibrarySide() override { ReleaseIQVLTreeView(view); }
 
   HWND Control() const override { return control; }
-  std::string Name() const override { return "library"; }
 
   void Fill(int count, const Filling& filling) override {
     if (filling.suspended) SendMessageW(control, WM_SETREDRAW, FALSE, 0);
-    if (kind == Kind::LIST) {
+    if (kind == Kind::kList) {
       for (int item = 0; item < count; ++item) Insert(item, -1);
     } else {
       FillTree(count, filling.expanded);
@@ -68,7 +67,7 @@ class LibrarySide final : public Side {
 
   void Walk() override {
     found = 0;
-    if (kind == Kind::LIST) {
+    if (kind == Kind::kList) {
       for (ItemHandle row = 0; row != -1; row = view->GetNextSiblingItem(row)) ++found;
       return;
     }
@@ -95,7 +94,7 @@ class LibrarySide final : public Side {
   void GetCheckedCount() override { found = view->GetCheckedCount(); }
 
   void BeginDrag() override {
-    if (kind == Kind::LIST) {
+    if (kind == Kind::kList) {
       NMLISTVIEW record{};
       Notify(record.hdr, LVN_BEGINDRAG);
     } else {

@@ -17,7 +17,7 @@ void Append(std::vector<Figure>& figures, const std::vector<Figure>& more) {
   figures.insert(figures.end(), more.begin(), more.end());
 }
 
-// Small views give small times, which need more rounds.
+// Small views take little time, which needs more rounds.
 int RoundsFor(int size, int rounds) { return size <= 1000 ? 3 * rounds : rounds; }
 
 std::vector<Figure> Measure(Kind kind, int rounds, int largest) {
@@ -26,12 +26,13 @@ std::vector<Figure> Measure(Kind kind, int rounds, int largest) {
     if (size > largest) break;
     const int wanted = RoundsFor(size, rounds);
     Pair plain(kind, false);
-    if (size <= kLargestSlowFill)
-      Append(figures, plain.Play(SlowFillSteps(kind, size), size, rounds));
-    Append(figures, plain.Play(WholeViewSteps(kind, size), size, wanted));
+    if (size <= kLargestSlowFill) {
+      Append(figures, plain.Run(SlowFillSteps(kind, size), size, rounds));
+    }
+    Append(figures, plain.Run(WholeViewSteps(kind, size), size, wanted));
     if (size > kLargestWithIcons) continue;
     Pair icons(kind, true);
-    Append(figures, icons.Play(IconSteps(size), size, rounds));
+    Append(figures, icons.Run(IconSteps(size), size, rounds));
   }
   return figures;
 }
@@ -41,8 +42,8 @@ std::vector<Figure> Measure(Kind kind, int rounds, int largest) {
 int main(int argc, char** argv) try {
   const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;
   const int largest = argc > 2 ? std::atoi(argv[2]) : kSizes[2];
-  PrintTable("List", Measure(Kind::LIST, rounds, largest));
-  PrintTable("Tree", Measure(Kind::TREE, rounds, largest < kLargestTree ? largest : kLargestTree));
+  PrintTable("List", Measure(Kind::kList, rounds, largest));
+  PrintTable("Tree", Measure(Kind::kTree, rounds, largest < kLargestTree ? largest : kLargestTree));
   return 0;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "bench: %s\n", error.what());

@@ -18,7 +18,7 @@ Step Do(const std::string& operation, void (Side::*run)()) {
   return {operation, [=](Side& side) { (side.*run)(); }};
 }
 
-Step Ask(const std::string& operation, void (Side::*run)()) {
+Step Query(const std::string& operation, void (Side::*run)()) {
   Step step = Do(operation, run);
   step.readsOnly = true;
   return step;
@@ -31,7 +31,7 @@ Step Unmeasured(Step step) {
 
 Step Emptying() { return Do("DeleteAllItems", &Side::DeleteAllItems); }
 
-// A point of the item's row, in the label.
+// A point in the item's label.
 LPARAM LabelPoint(const RECT& label) {
   return MAKELPARAM(label.left + 2, (label.top + label.bottom) / 2);
 }
@@ -47,26 +47,27 @@ LPARAM RowPoint(HWND list, LPARAM row) {
 LPARAM ItemPoint(HWND tree, LPARAM item) {
   SendMessageW(tree, TVM_ENSUREVISIBLE, 0, item);
   RECT label{};
-  std::memcpy(&label, &item, sizeof item);  // the item goes in where the rectangle comes out
+  std::memcpy(&label, &item, sizeof item);  // the message takes the item in the rectangle's place
   SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label));
   return LabelPoint(label);
 }
 
 LPARAM PointOfFirst(Kind kind, HWND control) {
-  if (kind == Kind::LIST) return RowPoint(control, 0);
+  if (kind == Kind::kList) return RowPoint(control, 0);
   return ItemPoint(control, SendMessageW(control, TVM_GETNEXTITEM, TVGN_ROOT, 0));
 }
 
 LPARAM PointOfLast(Kind kind, HWND control) {
-  if (kind == Kind::LIST)
+  if (kind == Kind::kList) {
     return RowPoint(control, SendMessageW(control, LVM_GETITEMCOUNT, 0, 0) - 1);
+  }
   return ItemPoint(control, SendMessageW(control, TVM_GETNEXTITEM, TVGN_LASTVISIBLE, 0));
 }
 
-// A press goes on until it finds the button's release in the queue.
+// A press ends when the control finds the release of the button in the queue.
 void QueueRelease(HWND control) { PostMessageW(control, WM_LBUTTONUP, 0, 0); }
 
-// From the first item, which a plain press selects alone, to the last.
+// From the first item, which a plain press selects, to the last.
 Step ShiftPress(Kind kind) {
   const auto prepare = [=](Side& side) {
     const HWND control = side.Control();
@@ -87,17 +88,17 @@ Step ShiftPress(Kind kind) {
 
 std::vector<Step> WholeViewSteps(Kind kind, int size) {
   std::vector<Step> steps{Fill("insert", size, kAsAdvised)};
-  if (kind == Kind::TREE) steps.push_back(Do("ExpandAll", &Side::ExpandAll));
+  if (kind == Kind::kTree) steps.push_back(Do("ExpandAll", &Side::ExpandAll));
   steps.insert(steps.end(), {
-                                Ask("walk", &Side::Walk),
-                                Ask("GetItems", &Side::GetItems),
+                                Query("walk", &Side::Walk),
+                                Query("GetItems", &Side::GetItems),
                                 Do("SelectAll", &Side::SelectAll),
-                                Ask("collecting all for a drag", &Side::BeginDrag),
+                                Query("collecting all for a drag", &Side::BeginDrag),
                                 Do("ClearSelection", &Side::ClearSelection),
                                 ShiftPress(kind),
                                 Do("InvertSelection", &Side::InvertSelection),
                                 Do("CheckAll", &Side::CheckAll),
-                                Ask("GetCheckedCount", &Side::GetCheckedCount),
+                                Query("GetCheckedCount", &Side::GetCheckedCount),
                             });
   if (size <= 10000) {
     steps.push_back(Do("SelectAll, bare loop redraws", &Side::SelectAllRedrawing));
@@ -112,7 +113,7 @@ std::vector<Step> IconSteps(int size) {
 
 std::vector<Step> SlowFillSteps(Kind kind, int size) {
   std::vector<Step> steps{Fill("insert, drawing on", size, {false, false}), Unmeasured(Emptying())};
-  if (kind == Kind::TREE) {
+  if (kind == Kind::kTree) {
     steps.insert(steps.end(),
                  {Fill("insert into expanded branches", size, {true, true}), Unmeasured(Emptying()),
                   Fill("insert into expanded branches, drawing on", size, {false, true}),

@@ -1,4 +1,4 @@
-// What is measured, in which order.
+// The steps that are measured, in their order.
 #pragma once
 
 #include "rounds.h"
@@ -6,8 +6,9 @@
 // Fills a view, uses it and empties it again.
 std::vector<Step> WholeViewSteps(Kind kind, int size);
 
-// Fills with the shell's icons.
+// Fills a view with shell icons.
 std::vector<Step> IconSteps(int size);
 
-// Fills as the guide for hosts advises against: with drawing on, and into expanded branches.
+// Fills a view in the ways that docs/filling.md advises against: with drawing on, and into expanded
+// branches.
 std::vector<Step> SlowFillSteps(Kind kind, int size);

@@ -10,9 +10,9 @@ namespace {
 
 constexpr int kWidth = 300;
 constexpr int kHeight = 400;
-constexpr int kItemsForTheClock = 100000;
+constexpr int kItemsForOneReading = 100000;
 
-// What a step leaves to be drawn is drawn between the steps.
+// Drawing that a step leaves behind happens between the steps.
 void PumpMessages() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -30,7 +30,7 @@ HWND MakeHost() {
   const HWND host =
       CreateWindowExW(0, L"QVLBenchHost", L"bench", WS_POPUP | WS_CLIPCHILDREN, 50, 50, 2 * kWidth,
                       kHeight, nullptr, nullptr, hostClass.hInstance, nullptr);
-  if (!host) throw std::runtime_error("there is no window: no display?");
+  if (!host) throw std::runtime_error("cannot create a window; is there a display?");
   ShowWindow(host, SW_SHOWNOACTIVATE);
   return host;
 }
@@ -54,7 +54,7 @@ std::vector<double> Ratios(const std::vector<double>& dividends,
 Pair::Pair(Kind kindOfBoth, bool icons) : kind(kindOfBoth), host(MakeHost()) {
   const RECT left{0, 0, kWidth, kHeight};
   const RECT right{kWidth, 0, 2 * kWidth, kHeight};
-  bare = kind == Kind::LIST ? MakeBareList(icons, host, left) : MakeBareTree(icons, host, left);
+  bare = kind == Kind::kList ? MakeBareList(icons, host, left) : MakeBareTree(icons, host, left);
   library = MakeLibrarySide(kind, icons, host, right);
   PumpMessages();
 }
@@ -65,7 +65,7 @@ Pair::~Pair() {
   DestroyWindow(host);
 }
 
-std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rounds) {
+std::vector<Figure> Pair::Run(const std::vector<Step>& steps, int size, int rounds) {
   std::vector<std::vector<double>> bareTimes(steps.size());
   std::vector<std::vector<double>> viewTimes(steps.size());
   for (int round = 0; round < rounds; ++round) {
@@ -87,8 +87,8 @@ std::vector<Figure> Pair::Play(const std::vector<Step>& steps, int size, int rou
   return figures;
 }
 
-// Where memory is taken, the second would find less of it at hand than the first, unless the first
-// gives back what it took.
+// A step that fills takes memory. The first side is emptied before the second one runs, so that
+// both find the same memory free.
 std::pair<double, double> Pair::Time(const Step& step, Side& first, Side& second, int size) const {
   const double firstTime = Time(step, first, size);
   const std::int64_t calls = first.calls;
@@ -102,7 +102,7 @@ std::pair<double, double> Pair::Time(const Step& step, Side& first, Side& second
 
 double Pair::Time(const Step& step, Side& side, int size) {
   using Clock = std::chrono::steady_clock;
-  const int runs = step.readsOnly ? std::max(kItemsForTheClock / size, 1) : 1;
+  const int runs = step.readsOnly ? std::max(kItemsForOneReading / size, 1) : 1;
   if (step.prepare) step.prepare(side);
   PumpMessages();
   side.calls = 0;

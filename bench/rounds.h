@@ -1,4 +1,4 @@
-// Plays the same steps with both sides in turn and keeps the time of each.
+// Runs the same steps with both sides in turn and measures the time of each.
 #pragma once
 
 #include <functional>
@@ -12,13 +12,14 @@ struct Step {
   std::string operation;
   std::function<void(Side&)> run;
   std::function<void(Side&)> prepare = {};  // before each run, not measured
-  bool readsOnly = false;                   // is run often enough for the clock
-  bool fills = false;                       // begins with an empty view
+  bool readsOnly = false;                   // repeated until the clock can measure it
+  bool fills = false;                       // starts with an empty view
   bool measured = true;
 };
 
-// Microseconds an item and library by bare, the medians of all rounds. Both sides of a round share
-// the machine's mood, so that the median of their ratios tells more than the ratio of the medians.
+// Microseconds for each item, and the ratio library to bare; medians of all rounds. The two sides
+// of a round run under the same load, so the median of the ratios is better than the ratio of the
+// medians.
 struct Figure {
   Kind kind;
   std::string operation;
@@ -36,9 +37,9 @@ class Pair {
   Pair(const Pair&) = delete;
   Pair& operator=(const Pair&) = delete;
 
-  // Ends the program if the two sides hear or find different things in a step: loops that do
-  // different work can't be compared.
-  std::vector<Figure> Play(const std::vector<Step>& steps, int size, int rounds);
+  // Throws if the two sides count different calls or items in a step, because loops that do
+  // different work cannot be compared.
+  std::vector<Figure> Run(const std::vector<Step>& steps, int size, int rounds);
 
  private:
   std::pair<double, double> Time(const Step& step, Side& first, Side& second, int size) const;

@@ -1,5 +1,5 @@
-// One of the two that are measured against each other: the library, or a bare control with the
-// least of a program around it that does the same work by messages of its own.
+// One of the two sides of a measurement: the library, or a bare control with a minimal program
+// around it that does the same work by messages.
 #pragma once
 
 #include <windows.h>
@@ -9,15 +9,15 @@
 #include <string>
 #include <vector>
 
-enum class Kind { LIST, TREE };
+enum class Kind { kList, kTree };
 
 struct Filling {
-  bool suspended;  // the host suspends drawing meanwhile
-  bool expanded;   // tree: branches are expanded with their first child, before the others come
+  bool suspended;  // the host suspends drawing
+  bool expanded;   // tree: each branch is expanded after its first child
 };
 
-// Each operation works on all items. In a tree one item in a hundred is a branch at the top level
-// that holds the following 99.
+// Each operation works on all items. In a tree each hundredth item is a branch at the top level,
+// and the next 99 items are in it.
 class Side {
  public:
   static constexpr int kBranch = 100;
@@ -26,14 +26,13 @@ class Side {
   virtual ~Side() = default;
 
   virtual HWND Control() const = 0;
-  virtual std::string Name() const = 0;
 
   virtual void Fill(int count, const Filling& filling) = 0;
   virtual void ExpandAll() = 0;
   virtual void Walk() = 0;
   virtual void GetItems() = 0;
   virtual void SelectAll() = 0;
-  virtual void SelectAllRedrawing() = 0;  // the library has no such thing and does as always
+  virtual void SelectAllRedrawing() = 0;  // bare control: without suspended drawing
   virtual void ClearSelection() = 0;
   virtual void InvertSelection() = 0;
   virtual void ShiftPress(LPARAM point) = 0;
@@ -42,15 +41,15 @@ class Side {
   virtual void BeginDrag() = 0;
   virtual void DeleteAllItems() = 0;
 
-  // What the client has heard so far, and the items that the last walk or question came upon.
+  // Callbacks so far, and items that the last walk or query found.
   std::int64_t calls = 0;
   std::int64_t found = 0;
 };
 
-// Both fill their part of the host's window.
+// Each side fills its part of the host's window.
 std::unique_ptr<Side> MakeLibrarySide(Kind kind, bool icons, HWND host, const RECT& place);
 std::unique_ptr<Side> MakeBareList(bool icons, HWND host, const RECT& place);
 std::unique_ptr<Side> MakeBareTree(bool icons, HWND host, const RECT& place);
 
-// File names of 40 extensions, to be taken in turn.
+// File names with 40 different extensions.
 const std::vector<std::wstring>& FileNames();

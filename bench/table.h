@@ -1,4 +1,4 @@
-// The figures as a table that reads well in a terminal and in a page.
+// Prints the figures as a table for the terminal and for Markdown.
 #pragma once
 
 #include "rounds.h"

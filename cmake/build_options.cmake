@@ -5,19 +5,20 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# A program finds its libraries beside itself, which is where the platform looks first.
+# The platform looks for libraries beside the program first.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
-set(QVL_SANITIZE "" CACHE STRING "Comma-separated sanitizers for every target, native builds only")
-option(QVL_COVERAGE "Instrument every target for coverage, native builds only" OFF)
+set(QVL_SANITIZE "" CACHE STRING "Comma-separated sanitizers for every target, linux builds only")
+option(QVL_COVERAGE "Instrument every target for coverage, linux builds only" OFF)
 
-# No path of the building machine ends up in an image.
+# Images contain no path of the build machine. The compiler tries the last map first, and the build
+# folder may be inside the source folder.
 add_compile_options(
-  -ffile-prefix-map=${PROJECT_BINARY_DIR}=build
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+  -ffile-prefix-map=${PROJECT_BINARY_DIR}=build
 )
 
 if(QVL_SANITIZE)
@@ -34,7 +35,7 @@ endif()
 
 if(WIN32)
   enable_language(RC)
-  # -static puts the compiler's runtime and winpthread into each image; system libraries stay
+  # -static links the compiler's runtime and winpthread into each image; system libraries stay
   # imports. Without a timestamp the same sources give the same bytes.
   add_link_options(
     -static

@@ -1,4 +1,4 @@
-# GoogleTest from the distribution's sources, compiled for whichever build this is.
+# GoogleTest, compiled from the distribution's sources for this build.
 
 set(QVL_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Folder of GoogleTest's sources")
 if(NOT EXISTS ${QVL_GOOGLETEST_DIR}/CMakeLists.txt)

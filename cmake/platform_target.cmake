@@ -1,5 +1,5 @@
-# qvl_platform: what every target that calls the platform links. The real thing in the windows
-# build, the stand-in natively.
+# qvl_platform: what every target that calls the platform links: the platform's libraries in the
+# windows build, the stand-in in the linux build.
 
 add_library(qvl_platform INTERFACE)
 if(WIN32)

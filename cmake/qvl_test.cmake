@@ -1,5 +1,5 @@
-# Each program leaves its cases as results/<name>.xml in the build folder, from which
-# tools/run_tests.sh counts.
+# Each program writes its cases to results/<name>.xml in the build folder. tests/scripts/run_tests.sh
+# counts them.
 
 set(QVL_TEST_ENVIRONMENT
   ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1

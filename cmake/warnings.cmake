@@ -1,10 +1,10 @@
-# Warnings are errors in all code of ours, in both builds; both builds compile for Unicode.
+# Warnings are errors in the project's own code. Both builds compile for Unicode.
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Werror)
 add_compile_definitions(UNICODE _UNICODE)
 
-# Objects that enter themselves in a list while they are on the stack, and leave it in their
-# destructor, are a habit of this code; the compiler takes each of them for a dangling pointer.
+# A LifeWatch on the stack links itself into a list and unlinks itself in its destructor. The compiler
+# takes that for a dangling pointer.
 add_compile_options(-Wno-dangling-pointer)
 
 if(WIN32)

@@ -1,6 +1,8 @@
 #include "demo_client.h"
 
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 #include "entry_text.h"
 
@@ -35,6 +37,20 @@ std::string HitText(std::uint32_t flags) {
     text += known.name;
   }
   return text.empty() ? "nothing" : text;
+}
+
+// Why the shell's menu may not be shown for these files; empty if it may. The menu belongs to the
+// folder of the first file, so its commands would change the wrong files of another folder.
+WideText MenuObstacle(const FileNameList& files) {
+  const std::filesystem::path folder = std::filesystem::path(files.front()).parent_path();
+  for (const std::filesystem::path file : files) {
+    if (file.parent_path() != folder) return TEXT("the selected files are in different folders");
+    std::error_code failure;
+    if (!std::filesystem::exists(file, failure)) {
+      return WidePath(file.filename()) + TEXT(" is no longer there");
+    }
+  }
+  return {};
 }
 
 bool IsBeginOfEdit(std::uint32_t code) {
@@ -101,7 +117,11 @@ bool DemoClient::OnCreateColumns(IQVLTreeView*, HWND listWindow, RECT* clientRec
 
 bool DemoClient::OnShellContextMenu(IQVLTreeView* view, ItemHandleList* items,
                                     FileNameList* files) {
-  return CollectFiles(*view, *items, *files, "OnShellContextMenu");
+  if (!CollectFiles(*view, *items, *files, "OnShellContextMenu")) return false;
+  const WideText obstacle = MenuObstacle(*files);
+  if (obstacle.empty()) return true;
+  if (desk) desk->ShowNotice(TEXT("No menu: ") + obstacle);
+  return false;
 }
 
 bool DemoClient::OnLabelEdit(IQVLTreeView*, NMHDR* record, std::uint32_t code) {

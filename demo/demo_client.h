@@ -26,6 +26,9 @@ class IDesk {
 
   virtual void SortBy(Column column) = 0;
 
+  // Tells the user something in a line of text.
+  virtual void ShowNotice(const WideText& text) = 0;
+
  protected:
   ~IDesk() = default;
 };

@@ -8,15 +8,37 @@
 
 namespace {
 
-int handedOn = 0;
+BOOL WINAPI NotUnicode(HWND) { return FALSE; }
 
-LRESULT WINAPI CountHandedOn(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
-                             LPARAM lParam) {
-  ++handedOn;
-  return CallWindowProcW(procedure, window, message, wParam, lParam);
+// Something else puts a procedure of its own on each control that is made, before the library can.
+struct Other {
+  HWND control;
+  WNDPROC former;
+  int messages;
+};
+Other others[2];
+int otherCount = 0;
+
+template <int NUMBER>
+LRESULT CALLBACK OtherProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  EXPECT_EQ(window, others[NUMBER].control) << "a message of the other control";
+  ++others[NUMBER].messages;
+  return CallWindowProcW(others[NUMBER].former, window, message, wParam, lParam);
 }
 
-BOOL WINAPI NotUnicode(HWND) { return FALSE; }
+HWND WINAPI CreateReplaced(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x,
+                           int y, int width, int height, HWND parent, HMENU menu,
+                           HINSTANCE instance, LPVOID parameter) {
+  const HWND made = CreateWindowExW(exStyle, className, title, style, x, y, width, height, parent,
+                                    menu, instance, parameter);
+  if (className != std::basic_string<WCHAR>(WC_LISTVIEWW)) return made;
+  const auto procedure = otherCount == 0 ? OtherProc<0> : OtherProc<1>;
+  others[otherCount++] = {made,
+                          reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+                              made, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure))),
+                          0};
+  return made;
+}
 
 class ListCreateTest : public ListTest {
  protected:
@@ -44,6 +66,12 @@ TEST_F(ListCreateTest, TheDefaultColumnIsAsWideAsTheControlAndFollowsMove) {
     EXPECT_EQ(ColumnCount(), 1);
     EXPECT_EQ(ColumnWidth(), rect.right);
   }
+  client.onCreateColumns = [](HWND, RECT* rect) {
+    *rect = {0, 0, 5, 5};
+    return false;
+  };
+  Open();
+  EXPECT_EQ(ColumnWidth(), ClientRect().right) << "the rectangle is the client's to change";
   EXPECT_TRUE(view->Move(5, 6, 150, 120));
   const int widthWithoutBar = ClientRect().right;
   EXPECT_LT(widthWithoutBar, 150);
@@ -88,22 +116,42 @@ TEST_F(ListCreateTest, TheClientsColumnsAreItsOwn) {
   EXPECT_EQ(ColumnWidth(), ClientRect().right);
 }
 
-// A control of the other character set has a procedure that only the platform can call.
-TEST_F(ListCreateTest, MessagesGoByThePlatformToAControlThatIsNotUnicode) {
+// The library hears what a host asks of the drawing by a procedure of its own, and only where it
+// can hand on exactly; without it, drawing is not suspended.
+TEST_F(ListCreateTest, NobodysProcedureIsBypassedOrMixedUp) {
+  IQVLTreeView* views[2] = {view, GetIQVLTreeView()};
+  otherCount = 0;
+  {
+    const ImportPatch replaced("CreateWindowExW", &CreateReplaced);
+    for (IQVLTreeView* each : views) {
+      ASSERT_NE(each->Create(host, 1, 0, 0, 50, 50, QVLS_LISTVIEW, nullptr), nullptr);
+    }
+  }
+  SentMessages sent;
+  for (const int number : {0, 1}) {
+    const int before = others[number].messages;
+    for (int i = 0; i < 20; ++i) SendMessageW(others[number].control, LVM_GETITEMCOUNT, 0, 0);
+    EXPECT_GE(others[number].messages, before + 20);
+    for (int i = 0; i < 20; ++i) {
+      QVLTreeViewItem record;
+      views[number]->InsertItem(&record, -1);
+    }
+    views[number]->SelectAll();
+    EXPECT_EQ(views[number]->GetSelectedCount(), 20);
+  }
+  EXPECT_EQ(sent.Of(WM_SETREDRAW).size(), 0u);
+  ReleaseIQVLTreeView(views[1]);
   {
     const ImportPatch patch("IsWindowUnicode", &NotUnicode);
     Open();
   }
-  const ImportPatch patch("CallWindowProcW", &CountHandedOn);
-  handedOn = 0;
-  AddRows(1);
-  EXPECT_GT(handedOn, 0);
-  EXPECT_EQ(TextOf(0), TEXT("row"));
+  AddRows(20);
+  view->SelectAll();
+  EXPECT_EQ(sent.Of(WM_SETREDRAW).size(), 0u) << "a procedure that cannot be called directly";
   Open();
-  handedOn = 0;
-  AddRows(1);
-  EXPECT_EQ(handedOn, 0) << "a detour that every message would pay for";
-  EXPECT_EQ(TextOf(0), TEXT("row"));
+  AddRows(20);
+  view->SelectAll();
+  EXPECT_EQ(sent.Of(WM_SETREDRAW).size(), 2u) << "any other control";
 }
 
 }  // namespace

@@ -123,18 +123,6 @@ TEST_F(ListSelectionTest, AHitSelectsTheRowAloneUnlessItIsSelected) {
   }
 }
 
-TEST_F(ListSelectionTest, AClientThatTakesOverInsideABracketHearsNothingOfIt) {
-  Open();
-  AddRows(1);
-  RecordingClient other;
-  other.view = view;
-  client.onBeginSelectionChange = [&] { view->SetClient(&other); };
-  view->SetItemSelected(0, true);
-  EXPECT_EQ(client.Take(), Lines{"Begin"});
-  EXPECT_EQ(other.Take(), Lines());
-  view->SetClient(nullptr);
-}
-
 class ListGrowthTest : public ListTest {};
 
 TEST_F(ListGrowthTest, TenTimesTheRowsTakeAboutTenTimesAsLong) {

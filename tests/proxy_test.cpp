@@ -208,6 +208,7 @@ TEST_P(Proxy, ReleaseAfterTheHostsWindowOrOfNothing) {
 
 TEST_P(Proxy, WindowsThatThePlatformKeepsNoLongerFindTheirView) {
   Open();
+  if (Type() == 2) SetWindowLongPtrW(control, GWLP_USERDATA, 42);
   {
     const ImportPatch patch("DestroyWindow", &RefuseToDestroy);
     ReleaseView();
@@ -217,6 +218,25 @@ TEST_P(Proxy, WindowsThatThePlatformKeepsNoLongerFindTheirView) {
   SendMessageW(control, WM_KEYDOWN, VK_DOWN, 1);
   SendMessageW(control, WM_SETREDRAW, TRUE, 0);
   EXPECT_EQ(client.Take(), Lines());
+  EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), Type() == 2 ? 42 : 0);
+}
+
+// Until the view is freed: what a callback asks and sets while its windows go.
+TEST_P(Proxy, OperationsReachTheViewThatGoes) {
+  const ImportPatch report("DestroyWindow", &ReportThenDestroy);
+  Open(0);
+  client.onItemExpanded = [&](ItemHandle) {
+    client.onItemExpanded = nullptr;
+    EXPECT_EQ(view->GetViewType(), 1);
+    EXPECT_EQ(view->GetControlWindow(), control);
+    view->SetClient(nullptr);
+  };
+  view->SetItemSelected(Item('a'), true);
+  client.Take();
+  EXPECT_NE(view->Create(host, CONTROL_ID, 0, 0, 10, 10, GetParam(), nullptr), nullptr);
+  EXPECT_EQ(client.Take(), Lines{"Expanded 0"}) << "the rest of the end is not heard";
+  view->SetClient(&client);
+  ExpectCreated();
 }
 
 // The old control goes first, and what it reports then may change everything.

@@ -38,6 +38,7 @@ class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::ui
 
   void OpenWith(int count) {
     OpenEmpty(QVLS_CHECKBOXES | QVLS_SHOWSELALWAYS | GetParam());
+    if (IsList()) SetWindowLongPtrW(control, GWLP_USERDATA, 42);  // the host's own
     items.clear();
     for (int i = 0; i < count; ++i) items.push_back(Insert(TEXT("i")));
     Settle();
@@ -177,8 +178,113 @@ TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
     Settle();
     view->InvertSelection();
     EXPECT_EQ(Requests(), ONE_DRAWING);
+    EXPECT_TRUE(!IsList() || GetWindowLongPtrW(control, GWLP_USERDATA) == 42);
   }
 }
+
+// Some controls leave WM_SETREDRAW to default handling, which hides the window and shows it again.
+LRESULT WINAPI HideWhileSuspended(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_SETREDRAW) ShowWindow(window, wParam ? SW_SHOWNOACTIVATE : SW_HIDE);
+  return SendMessageW(window, message, wParam, lParam);
+}
+
+UINT redrawn = 0;
+BOOL WINAPI NoteRedraw(HWND window, const RECT* rect, HRGN region, UINT flags) {
+  redrawn = rect || region ? 0 : flags;
+  return RedrawWindow(window, rect, region, flags);
+}
+
+TEST_P(RedrawTest, AViewThatIsHiddenMeanwhileStaysHidden) {
+  for (const bool hides : {false, true}) {
+    OpenWith(20);
+    client.onItemSelectionChanged = [&](ItemHandle item) {
+      if (hides && item == items[12]) view->Hide();
+    };
+    const ImportPatch hide("SendMessageW", &HideWhileSuspended);
+    const ImportPatch note("RedrawWindow", &NoteRedraw);
+    view->SelectAll();
+    EXPECT_EQ(IsWindowVisible(control) == 0, hides);
+    EXPECT_EQ(redrawn, UINT{RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN});
+  }
+}
+
+// The runtime's tree works out its bars at each change, unless it has none.
+class TreeBarsTest : public RedrawTest {
+ protected:
+  // 100 items, scrolled down, or as many as fit.
+  void OpenScrolled(bool fits = false) {
+    OpenEmpty(QVLS_EDITLABELS | QVLS_SHOWSELALWAYS);
+    items.clear();
+    for (int i = 0; i < (fits ? 10 : 100); ++i) items.push_back(Insert(TEXT("i")));
+    if (!fits) view->EnsureVisible(items[70]);
+    UpdateWindow(control);
+    Settle();
+  }
+
+  bool HasNoScroll() const { return (GetWindowLongPtrW(control, GWL_STYLE) & TVS_NOSCROLL) != 0; }
+  HWND Edit() const { return reinterpret_cast<HWND>(Ask(TVM_GETEDITCONTROL)); }
+
+  // Marks all, doing something in the report of the tenth. Whether the bars were away by then.
+  bool TakesBars(const std::function<void()>& inside = [] {}) {
+    bool taken = false;
+    client.onItemSelectionChanged = [&](ItemHandle item) {
+      if (item != items[9]) return;
+      taken = HasNoScroll();
+      inside();
+    };
+    view->InvertSelection();
+    client.onItemSelectionChanged = nullptr;
+    return taken;
+  }
+};
+
+TEST_P(TreeBarsTest, TheBarsComeBackAsTheyWere) {
+  OpenScrolled();
+  const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+  EXPECT_TRUE(style & WS_VSCROLL);
+  const LRESULT top = Ask(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE);
+  int x = 0, y = 0, newX = 0, newY = 0;
+  view->GetScrollPosition(&x, &y);
+  EXPECT_GT(y, 0);
+  EXPECT_TRUE(TakesBars());
+  view->GetScrollPosition(&newX, &newY);
+  EXPECT_EQ(GetWindowLongPtrW(control, GWL_STYLE), style);
+  EXPECT_EQ(Ask(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE), top);
+  EXPECT_TRUE(x == newX && y == newY);
+  HostSetsRedraw(false);
+  EXPECT_TRUE(TakesBars()) << "the host may suspend the drawing, which does not keep the bars away";
+}
+
+TEST_P(TreeBarsTest, WhatMayNotBeTouchedIsNot) {
+  OpenScrolled(true);
+  EXPECT_FALSE(TakesBars()) << "a tree without bars";
+  OpenScrolled();
+  SetWindowLongPtrW(control, GWL_STYLE, GetWindowLongPtrW(control, GWL_STYLE) | TVS_NOSCROLL);
+  EXPECT_TRUE(TakesBars());
+  EXPECT_TRUE(HasNoScroll()) << "the host's own";
+
+  OpenScrolled();
+  const HWND edit = reinterpret_cast<HWND>(Ask(TVM_EDITLABELW, 0, items[70]));
+  ASSERT_NE(edit, nullptr);
+  EXPECT_FALSE(TakesBars());
+  EXPECT_EQ(Edit(), edit);
+}
+
+TEST_P(TreeBarsTest, AnEditThatBeginsMeanwhileKeepsTheBarsUntilItEnds) {
+  OpenScrolled();
+  EXPECT_TRUE(TakesBars([this] { Ask(TVM_EDITLABELW, 0, items[70]); }));
+  const HWND edit = Edit();
+  ASSERT_NE(edit, nullptr);
+  UpdateWindow(control);
+  EXPECT_EQ(Edit(), edit);
+  SendMessageW(edit, WM_KEYDOWN, VK_ESCAPE, 1);
+  InvalidateRect(control, nullptr, TRUE);
+  UpdateWindow(control);
+  EXPECT_EQ(Edit(), nullptr);
+  EXPECT_FALSE(HasNoScroll());
+}
+
+INSTANTIATE_TEST_SUITE_P(Tree, TreeBarsTest, ::testing::Values(0));
 
 INSTANTIATE_TEST_SUITE_P(BothViews, RedrawTest, ::testing::Values(0, QVLS_LISTVIEW),
                          [](const auto& tested) { return tested.param ? "List" : "Tree"; });

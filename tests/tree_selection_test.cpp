@@ -1,7 +1,9 @@
 // What presses of the left button, keys and hit tests do to selection, caret and anchor of a tree,
 // and what of them the control gets to see. tree_model_test has the rest, at random.
+#include <functional>
 #include <span>
 
+#include "support/sent_messages.h"
 #include "support/tree_gestures.h"
 
 namespace {
@@ -155,7 +157,9 @@ TEST_F(TreeSelectionTest, WithoutItemsOrControlTheBracketRemains) {
 TEST_F(TreeSelectionTest, HitTestForgetsAnItemThatIsDeletedMeanwhile) {
   Given("P - PQ");
   client.onBeginSelectionChange = [this] { view->DeleteItem(Item('S')); };
-  EXPECT_EQ(HitTest(LabelPoint(Item('S')), true), -1);
+  std::uint32_t hitFlags = 99;
+  EXPECT_EQ(HitTest(LabelPoint(Item('S')), true, &hitFlags), -1);
+  EXPECT_EQ(hitFlags, 0u);
   EXPECT_EQ(Heard(), "B P Q E");
   EXPECT_EQ(CaretItem(), Item('P'));
 }
@@ -170,6 +174,33 @@ TEST_F(TreeSelectionTest, HitFlagsAreEmptyWhereNoItemLies) {
   }
   EXPECT_EQ(Heard(), "");
   EXPECT_EQ(Selected(), "PQ");
+}
+
+// Selected items show whether the tree has the focus, and a right press has the real control paint
+// one of them alone.
+TEST_F(TreeSelectionTest, AllSelectedItemsArePaintedAnew) {
+  const LPARAM point = MAKELPARAM(LabelPoint(Item('P')).x, LabelPoint(Item('P')).y);
+  const std::function<void()> gestures[] = {
+      [&] { SetFocus(host); },
+      [&] { SetFocus(control); },
+      [&] { PostMessageW(control, WM_RBUTTONUP, 0, point), Ask(WM_RBUTTONDOWN, 0, point); },
+  };
+  for (const bool multiSelect : {true, false}) {
+    Given("P - PS");
+    view->SetMultiSelect(multiSelect);
+    for (const auto& gesture : gestures) {
+      UpdateWindow(control);
+      const SentMessages sent;
+      gesture();
+      RECT waiting = {};
+      GetUpdateRect(control, &waiting, FALSE);
+      const bool all = waiting.top <= ItemRect(Item('P'), false).top &&
+                       waiting.bottom >= ItemRect(Item('S'), false).bottom;
+      EXPECT_EQ(all, multiSelect);
+      const auto highlights = sent.Of(TVM_SELECTITEM);
+      EXPECT_EQ(!highlights.empty(), multiSelect && &gesture == &gestures[2]);
+    }
+  }
 }
 
 // The bracket of a drag's start; which items are dragged is what the client is then asked about.

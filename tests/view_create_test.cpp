@@ -112,7 +112,8 @@ TEST_P(ViewCreate, MakesTheParentThenTheControl) {
   EXPECT_EQ(inner.id, -7);
   EXPECT_EQ(inner.made, control);
   EXPECT_NE(inner.userDataOfParent, 0) << "what the control sends while it is made is lost";
-  EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), inner.userDataOfParent);
+  // A list's is the host's.
+  EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), TreeOrList(inner.userDataOfParent, LONG_PTR{0}));
   EXPECT_EQ(inner.instance, outer.instance);
   EXPECT_NE(inner.instance, nullptr);
   EXPECT_NE(inner.instance, GetModuleHandleW(nullptr)) << "that is the program";

@@ -1,5 +1,9 @@
 // What a record tells the control when it becomes an item and when it changes one.
+#include <set>
+#include <string>
+
 #include "support/each_view.h"
+#include "support/fake_icons.h"
 #include "support/sent_messages.h"
 
 namespace {
@@ -27,6 +31,36 @@ constexpr RecordRow RECORDS[] = {
     {"bold", 2, true, false, -1, 0x2010, 0x3000},
     {"cut", 1, false, true, -1, 0x1004, 0x2004},
     {"bold and cut", 0, true, true, 3, 0x14, 0x1004},
+};
+
+// Notes which of its accessors are read, by a letter each.
+class NotedRecord final : public QVLTreeViewItem {
+ public:
+  std::string Take() {
+    std::string all(read.begin(), read.end());
+    read.clear();
+    return all;
+  }
+
+  int GetType() const noexcept override { return Note('t', 1); }
+  const WCHAR* GetItemName() const noexcept override { return Note('n', TEXT("n")); }
+  const WCHAR* GetFileName() const noexcept override { return Note('f', TEXT("f")); }
+  bool IsSelected() const noexcept override { return Note('S', false); }
+  bool IsChecked() const noexcept override { return Note('C', false); }
+  bool IsCut() const noexcept override { return Note('c', false); }
+  bool IsBold() const noexcept override { return Note('b', false); }
+  int GetImageIndex() const noexcept override { return Note('i', 0); }
+  int GetStateIndex() const noexcept override { return Note('s', -1); }
+  std::int64_t GetClientPtr() const noexcept override { return Note('p', 0); }
+  int GetIndentOffset() const noexcept override { return Note('o', 0); }
+
+ private:
+  template <class Value>
+  Value Note(char letter, Value value) const noexcept {
+    read.insert(letter);
+    return value;
+  }
+  mutable std::set<char> read;
 };
 
 class ViewInsert : public EachView {
@@ -75,6 +109,38 @@ TEST_P(ViewInsert, ARecordBecomesANativeItem) {
     EXPECT_EQ(TreeOrList(update.treeItem.hItem, Native(update.item.iItem)), Native(item));
     EXPECT_EQ(view->GetItemClientPtr(item), WIDE);
     EXPECT_EQ(TextOf(item), TEXT("the name"));
+  }
+}
+
+TEST_P(ViewInsert, OnlyWhatCountsIsRead) {
+  FakeIcons icons;
+  for (const bool boxes : {false, true}) {
+    for (const bool system : {false, true}) {
+      SCOPED_TRACE(std::string(boxes ? "boxes " : "") + (system ? "icons" : ""));
+      client.onCreateColumns = [](HWND list, RECT*) {
+        LVCOLUMNW column = {};
+        for (int i = 0; i < 2; ++i) {
+          SendMessageW(list, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+        }
+        return true;
+      };
+      OpenWithItems(boxes ? QVLS_CHECKBOXES : 0);
+      if (system) view->UseSystemImageList();
+      NotedRecord record;
+      const std::string box = boxes ? "C" : "";
+      view->InsertItem(&record, -1);
+      EXPECT_EQ(record.Take(), box + TreeOrList(system ? "Sbcfnpst" : "Sbcinps",
+                                                system ? "Scfnopst" : "Scinops"));
+      view->UpdateItem(&record, a);
+      EXPECT_EQ(record.Take(), box + TreeOrList(system ? "Sbcfnps" : "Sbcinps",
+                                                system ? "Scfnps" : "Scinps"));
+      if (!IsList()) continue;
+      record.SetSubItem(1);
+      view->InsertItem(&record, a);
+      EXPECT_EQ(record.Take(), box + (system ? "Scnps" : "Scinps"));
+      view->UpdateItem(&record, a);
+      EXPECT_EQ(record.Take(), box + (system ? "Scnps" : "Scinps"));
+    }
   }
 }
 

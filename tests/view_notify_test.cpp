@@ -205,10 +205,31 @@ TEST_P(ViewNotify, AContextRequestSelectsWhatItIsFor) {
   const std::string selection = TreeOrList("B a b c E ", "B a E B b E B c E ");
   EXPECT_EQ(Heard(), selection + ContextMenu(LabelOnScreen(c), "c") + onLabel);
   EXPECT_EQ(Selected(), "c");
+  if (!IsList()) {
+    // The caret stays on an item that a Ctrl press takes out.
+    view->SetItemSelected(c, false);
+    client.Take();
+    RequestMenu(LabelPoint(c));
+    EXPECT_EQ(Heard(), "B c E " + ContextMenu(LabelOnScreen(c), "c") + onLabel);
+    EXPECT_EQ(Selected(), "c");
+  }
   view->SetClient(nullptr);
   RequestMenu(LabelPoint(a));
   EXPECT_EQ(Heard(), "");
   EXPECT_EQ(Selected(), "c") << "without a client";
+}
+
+TEST_P(ViewNotify, AClientThatTakesOverInsideABracketHearsTheRestOfIt) {
+  OpenWithItems();
+  RecordingClient other;
+  other.view = view;
+  other.labels = client.labels;
+  other.depth = 1;
+  client.onBeginSelectionChange = [&] { view->SetClient(&other); };
+  view->SetItemSelected(b, true);
+  EXPECT_EQ(Heard(), "B");
+  EXPECT_EQ(Short(other.Take()), "b E");
+  view->SetClient(nullptr);
 }
 
 // In a list neither the flag nor the stored mode counts; in a tree tree_selection_test has the

@@ -1,7 +1,7 @@
 #!/bin/bash
 # bench.sh [rounds [largest size]]: measures the library against the bare controls and prints the
-# table. Program, display and Wine's server share one core, so that no figure depends on which of
-# them the system moves about. With QVL_BENCH_DOC set the table goes into docs/performance.md too.
+# tables. Program, display and Wine's server share one core, so that the figures do not depend on how
+# the system distributes them. With QVL_BENCH_DOC set the tables go into docs/performance.md too.
 # QVL_BUILD_DIR names a build folder to use as it is.
 set -euo pipefail
 

@@ -1,5 +1,5 @@
 #!/bin/bash
-# build.sh preset [target...]: configures a preset when needed and builds it.
+# build.sh preset [target...]: configures a preset if needed, and builds it.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
@@ -7,7 +7,7 @@ preset=$1
 shift
 
 cd "$root"
-# A configured folder looks after itself; only what a broken first run left is configured again.
+# Configures again what an interrupted first run has left.
 if [ ! -f "build/$preset/build.ninja" ]; then
   cmake --preset "$preset"
 fi

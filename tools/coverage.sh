@@ -1,6 +1,6 @@
 #!/bin/bash
-# coverage.sh: runs the native tests with counters and reports what they reach of src/, in lines
-# and branches, on the terminal and as pages in build/coverage/report.
+# coverage.sh: runs the linux tests and reports the lines and branches of src/ that they reach, on the
+# terminal and as pages in build/coverage/report.
 set -euo pipefail
 
 tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
@@ -11,6 +11,6 @@ cd "$root"
 find build/coverage -name '*.gcda' -delete
 ctest --test-dir build/coverage --output-on-failure
 mkdir -p build/coverage/report
-# The library's own objects count; those of tests that are no longer there would only be missed.
+# Only the library's objects, because objects of deleted tests may be left.
 gcovr --root . --object-directory build/coverage --filter 'src/' --exclude-throw-branches \
   --html-details build/coverage/report/index.html --print-summary build/coverage/src

@@ -9,8 +9,8 @@ root=$(dirname -- "$tools")
 export QVL_BUILD_DIR=${QVL_BUILD_DIR:-$root/build/windows}
 session_name=tour
 session_folder="$root/build/demo"
-# shellcheck source=tools/demo_session.sh
-. "$tools/demo_session.sh"
+# shellcheck source=tests/scripts/demo_session.sh
+. "$root/tests/scripts/demo_session.sh"
 
 show_folder() {
   start_demo "$@"

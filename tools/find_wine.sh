@@ -1,5 +1,6 @@
-# Sourced: sets WINE64 and WINESERVER to the programs themselves. The distribution's `wine` script
-# is passed by, since it may insist on a 32-bit half that nothing here needs.
+# shellcheck shell=sh
+# Sourced: sets WINE64 and WINESERVER to the programs themselves. The distribution's `wine` script is
+# not used, because it may insist on 32-bit parts that nothing here needs.
 
 find_first() {
   for candidate in "$@"; do
@@ -8,7 +9,7 @@ find_first() {
       return 0
     fi
   done
-  echo "None of these was found: $*. Run tools/install_packages.sh." >&2
+  echo "None of these exists: $*. Run tools/install_packages.sh." >&2
   return 1
 }
 

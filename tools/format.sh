@@ -1,12 +1,11 @@
 #!/bin/bash
-# format.sh [--check]: formats every C++ file of the project, or only tells which are not.
+# format.sh [--check]: formats every C++ file of the project, or lists those that are not formatted.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
-mapfile -t files < <(find src vornutil winsim demo tests bench \
-  \( -name '*.cpp' -o -name '*.h' \) 2>/dev/null | sort)
+mapfile -t files < <(git ls-files '*.cpp' '*.h')
 if [ "${1:-}" = --check ]; then
   exec clang-format --dry-run --Werror "${files[@]}"
 fi

@@ -1,6 +1,6 @@
 #!/bin/bash
-# fuzz.sh [seconds]: lets the fuzzer play a hostile host against the native library. What it finds
-# is left in build/fuzz-findings; a mended finding belongs into tests/fuzz/findings.
+# fuzz.sh [seconds]: runs the fuzzer, which plays a hostile host against the linux library. Findings go
+# to build/fuzz-findings. Add a mended one to tests/random/findings.
 set -euo pipefail
 
 tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
@@ -11,4 +11,4 @@ cd "$root"
 "$tools/build.sh" fuzz qvl_fuzz
 mkdir -p build/fuzz-corpus build/fuzz-findings
 build/fuzz/bin/qvl_fuzz -max_total_time="$seconds" -max_len=600 -timeout=20 -rss_limit_mb=4096 \
-  -print_final_stats=1 -artifact_prefix=build/fuzz-findings/ build/fuzz-corpus tests/fuzz/findings
+  -print_final_stats=1 -artifact_prefix=build/fuzz-findings/ build/fuzz-corpus tests/random/findings

@@ -1,30 +1,41 @@
 #!/bin/bash
-# install_packages.sh [build|lint|fuzz|coverage]: installs what is missing of the packages for that purpose.
-# When nothing is missing it asks no network; without root it names the command and stops.
+# install_packages.sh [build|lint|fuzz|coverage|docs]: installs the Debian packages for that purpose
+# that are missing. If none is missing, it needs no network. Without root it prints the command.
 set -euo pipefail
 
-tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
-# shellcheck source=tools/packages.sh
-. "$tools/packages.sh"
-
+packages=(
+  build-essential
+  cmake
+  ninja-build
+  g++-mingw-w64-x86-64-posix
+  googletest
+  wine64
+  xvfb
+  xauth
+  xdotool
+  imagemagick
+  zip
+  unzip
+)
 case "${1:-build}" in
-  build) wanted=("${build_packages[@]}") ;;
-  lint) wanted=("${build_packages[@]}" "${lint_packages[@]}") ;;
-  fuzz) wanted=("${build_packages[@]}" "${fuzz_packages[@]}") ;;
-  coverage) wanted=("${build_packages[@]}" "${coverage_packages[@]}") ;;
+  build) ;;
+  lint) packages+=(clang-format clang-tidy shellcheck) ;;
+  fuzz) packages+=(clang libclang-rt-14-dev) ;;
+  coverage) packages+=(gcovr) ;;
+  docs) packages+=(doxygen) ;;
   *)
-    echo "usage: install_packages.sh [build|lint|fuzz|coverage]" >&2
+    echo "usage: install_packages.sh [build|lint|fuzz|coverage|docs]" >&2
     exit 2
     ;;
 esac
 
 if ! command -v dpkg-query >/dev/null; then
-  echo "This is not a Debian system. Install the counterparts of: ${wanted[*]}" >&2
+  echo "This is not a Debian system. Install the equivalents of: ${packages[*]}" >&2
   exit 1
 fi
 
 missing=()
-for package in "${wanted[@]}"; do
+for package in "${packages[@]}"; do
   state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
   if [ "$state" != installed ]; then
     missing+=("$package")
@@ -43,7 +54,7 @@ fi
 echo "Installing: ${missing[*]}"
 export DEBIAN_FRONTEND=noninteractive
 install=(apt-get install -y --no-install-recommends "${missing[@]}")
-# The package lists of this machine may be old or absent: then they are fetched, once.
+# The package lists may be old or absent.
 if ! "${install[@]}" >/dev/null 2>&1; then
   apt-get update
   "${install[@]}"

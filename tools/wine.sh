@@ -1,8 +1,9 @@
-#!/bin/sh
-# Runs a Windows program: wine.sh program.exe [argument...]. Brings a display if there is none yet.
-set -eu
+#!/bin/bash
+# wine.sh program.exe [argument...]: runs a Windows program. Starts a display if there is none.
+set -euo pipefail
 
-tools=$(CDPATH='' cd -- "$(dirname -- "$0")" && pwd)
+tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
+# shellcheck source=tools/find_wine.sh
 . "$tools/find_wine.sh"
 
 if [ -z "${QVL_DISPLAY_READY:-}" ]; then

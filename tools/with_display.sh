@@ -2,9 +2,9 @@
 # with_display.sh command [argument...]
 #
 # Runs a command with an X display and a Wine prefix of its own, and ends both afterwards. The
-# prefixes lie under build/, one for each run that goes on at the same time; making one takes some
-# seconds, once. Within such a run a nested call just runs its command. With QVL_USE_DISPLAY set
-# the display is the user's own, which has a window manager, and the prefix is one for that.
+# prefixes are in build/, one for each run at the same time; creating one takes some seconds, once.
+# A nested call only runs its command. With QVL_USE_DISPLAY set, the display is the user's own, which
+# has a window manager, and the prefix is one for that.
 set -euo pipefail
 
 if [ -n "${QVL_DISPLAY_READY:-}" ]; then
@@ -13,14 +13,22 @@ fi
 
 tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 root=$(dirname -- "$tools")
+
+if [ -z "${QVL_USE_DISPLAY:-}" ] && [ -z "${QVL_VIRTUAL_DISPLAY:-}" ]; then
+  export QVL_VIRTUAL_DISPLAY=1
+  unset WAYLAND_DISPLAY
+  exec xvfb-run --auto-servernum --server-args '-screen 0 1280x1024x24 -nolisten tcp -noreset' \
+    "${BASH_SOURCE[0]}" "$@"
+fi
+
 # shellcheck source=tools/find_wine.sh
 . "$tools/find_wine.sh"
 
-xvfb_pid=
 command_pid=
 prefix_locked=
 
-cleanup() {
+# shellcheck disable=SC2317 # called by the trap
+clean_up() {
   trap - EXIT INT TERM HUP
   if [ -n "$command_pid" ]; then
     kill "$command_pid" 2>/dev/null || true
@@ -29,18 +37,14 @@ cleanup() {
     "$WINESERVER" -k 2>/dev/null || true
     timeout 10 "$WINESERVER" -w 2>/dev/null || true
   fi
-  if [ -n "$xvfb_pid" ]; then
-    kill "$xvfb_pid" 2>/dev/null || true
-    wait "$xvfb_pid" 2>/dev/null || true
-  fi
 }
-trap cleanup EXIT
+trap clean_up EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 trap 'exit 129' HUP
 
-# The first prefix that no other run holds. The lock ends with this script, however it ends, and
-# is handed to no child, so a server still bound to a prefix that could be locked is a leftover.
+# Takes the first prefix that no other run holds. The lock ends with this script and is passed to no
+# child, so a server that still runs in a prefix that could be locked is a leftover.
 choose_prefix() {
   mkdir -p "$root/build"
   local slot kind=wine
@@ -60,38 +64,13 @@ choose_prefix() {
   exit 1
 }
 
-start_display() {
-  local number_file
-  number_file=$(mktemp)
-  setpriv --pdeathsig TERM Xvfb -displayfd 8 -screen 0 1280x1024x24 -nolisten tcp -noreset \
-    8>"$number_file" 9>&- >/dev/null 2>&1 &
-  xvfb_pid=$!
-  local tries
-  for ((tries = 0; tries < 200; tries++)); do
-    if [ -s "$number_file" ]; then
-      break
-    fi
-    if ! kill -0 "$xvfb_pid" 2>/dev/null; then
-      break
-    fi
-    sleep 0.05
-  done
-  DISPLAY=:$(tr -d '[:space:]' <"$number_file")
-  rm -f "$number_file"
-  if [ "$DISPLAY" = : ]; then
-    echo "with_display.sh: the virtual display did not start" >&2
-    exit 1
-  fi
-  export DISPLAY
-}
-
 set_value() {
   "$WINE64" reg add "$1" /v "$2" /t REG_SZ /d "$3" /f 9>&- >/dev/null 2>&1
 }
 
-# A prefix is complete when its marker names the Wine that made it and what was set in it. There is
-# no theme, since windows without one look and measure the same everywhere. On the virtual display
-# nobody manages windows: without being told so, Wine waits two seconds for it at every window.
+# A prefix is complete when its marker names the Wine that made it and its settings. There is no
+# theme, because windows without one look and measure the same everywhere. The virtual display has no
+# window manager; unless Wine knows that, it waits two seconds at every window.
 make_prefix() {
   local marker="$WINEPREFIX/qvl-ready" version
   version="$("$WINE64" --version 9>&-), settings 2"
@@ -114,17 +93,13 @@ make_prefix() {
 
 export WINEARCH=win64
 export WINEDEBUG=${WINEDEBUG:--all}
-# No installers of optional parts, no menu entries of the prefix in the user's desktop.
+# No installers of optional parts, no menu entries in the user's desktop.
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 
 choose_prefix
-if [ -z "${QVL_USE_DISPLAY:-}" ]; then
-  unset WAYLAND_DISPLAY XAUTHORITY
-  start_display
-fi
 make_prefix
-# Any program with a window makes Wine start its desktop, which then keeps that program's output
-# open and lets a reader of it wait for ever. This one has none to keep.
+# The first program with a window makes Wine start its desktop, which keeps that program's output open,
+# so that a reader would wait forever. This program has no output.
 "$WINE64" rundll32 shell32.dll,None 9>&- </dev/null >/dev/null 2>&1 || true
 
 export QVL_DISPLAY_READY=1

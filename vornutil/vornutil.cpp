@@ -3,20 +3,17 @@
 #include <algorithm>
 #include <new>
 #include <string>
-#include <utility>
 
 namespace VornSDK {
 namespace Util {
 namespace {
 
-// `length` characters of `text` in a terminated block with room for `capacity`; null without
-// memory.
+// Copies `length` characters of `text` to a terminated block for `capacity` characters. Null
+// without memory.
 std::unique_ptr<WCHAR[]> Copy(const WCHAR* text, int length, int capacity) noexcept {
   const auto size = static_cast<std::size_t>(capacity) + 1;
   std::unique_ptr<WCHAR[]> copy(new (std::nothrow) WCHAR[size]());
-  if (copy) {
-    std::copy_n(text, length, copy.get());
-  }
+  if (copy) std::copy_n(text, length, copy.get());
   return copy;
 }
 
@@ -29,21 +26,10 @@ WStr::~WStr() = default;
 
 WStr::WStr(const WStr& other) noexcept { *this = other; }
 
-WStr::WStr(WStr&& other) noexcept
-    : data(std::move(other.data)), size(std::exchange(other.size, 0)) {}
-
 WStr& WStr::operator=(const WStr& other) noexcept {
   if (this != &other) {
     data = other.data ? Copy(other.data.get(), other.size, other.size) : nullptr;
     size = data ? other.size : 0;
-  }
-  return *this;
-}
-
-WStr& WStr::operator=(WStr&& other) noexcept {
-  if (this != &other) {
-    data = std::move(other.data);
-    size = std::exchange(other.size, 0);
   }
   return *this;
 }

@@ -1,5 +1,4 @@
-#ifndef VORNUTIL_H
-#define VORNUTIL_H
+#pragma once
 
 #include <windows.h>
 
@@ -14,18 +13,15 @@
 namespace VornSDK {
 namespace Util {
 
-// Sets the process up for the host's language pack. Here there is none, so this does nothing.
+// Sets the process up for the host's language pack. This library has none and does nothing.
 VORNUTIL_API void UseLanguagePackLocale();
 
-// A wide text that callers may write into. No operation throws: a text that could not be copied
-// gives null from dataForWrite().
+// A wide text that callers may write to. No operation throws. Without memory for a copy,
+// dataForWrite() returns null.
 class VORNUTIL_API WStr {
  public:
-  WStr() noexcept;
   WStr(const WStr& other) noexcept;
-  WStr(WStr&& other) noexcept;
   WStr& operator=(const WStr& other) noexcept;
-  WStr& operator=(WStr&& other) noexcept;
   ~WStr();
 
   // Copies `length` characters of `text`, or all up to its terminator when `length` is -1.
@@ -36,11 +32,11 @@ class VORNUTIL_API WStr {
   WCHAR* dataForWrite(int length) noexcept;
 
  private:
+  WStr() noexcept;
+
   std::unique_ptr<WCHAR[]> data;
   int size = 0;
 };
 
 }  // namespace Util
 }  // namespace VornSDK
-
-#endif

@@ -215,9 +215,17 @@ void BrowserWindow::ShowStatus() {
     text += L"    " + std::to_wstring(view.GetSelectedCount()) + L" selected    ";
     text += std::to_wstring(view.GetCheckedCount()) + L" checked";
   }
+  if (text != counts) notice.clear();
+  counts = text;
+  if (!notice.empty()) text += L"    " + notice;
   if (text == statusText) return;
   statusText = text;
   SetWindowTextW(status, text.c_str());
+}
+
+void BrowserWindow::ShowNotice(const WideText& text) {
+  ShowStatus();
+  notice = text;
 }
 
 void BrowserWindow::OpenContextMenu(int x, int y, ItemHandle item) {

@@ -34,6 +34,9 @@ class BrowserWindow final : public WindowBase, private IDesk {
   // Brings the line of counts up to date; for moments when nothing else is to do.
   void ShowStatus();
 
+  // What the line below the view says.
+  const std::wstring& StatusText() const { return statusText; }
+
   // Whether the focus is in a label's edit field, to which all keys belong then.
   bool IsEditingLabel() const;
 
@@ -57,6 +60,7 @@ class BrowserWindow final : public WindowBase, private IDesk {
   void MakeColumns(HWND listWindow, const RECT& clientRect) override;
   bool AnswerLabelEdit(NMHDR* record, std::uint32_t code) override;
   void SortBy(Column column) override;
+  void ShowNotice(const WideText& text) override;
 
   DirectoryModel& model;
   CallLog& log;
@@ -67,6 +71,8 @@ class BrowserWindow final : public WindowBase, private IDesk {
   HWND logTitle = nullptr;
   HWND status = nullptr;
   std::wstring statusText;
+  std::wstring counts;
+  std::wstring notice;  // shown until the counts change
   HACCEL keys = nullptr;
   bool refreshPosted = false;
 };

@@ -75,6 +75,7 @@ const Commands::Named Commands::NAMED[] = {
     {"empty-clipboard", &Commands::AnswerEmptyClipboard},
     {"client", &Commands::AnswerClient},
     {"editing", &Commands::AnswerEditing},
+    {"status", &Commands::AnswerStatus},
     {"quit", &Commands::AnswerQuit},
 };
 
@@ -277,6 +278,12 @@ void Commands::AnswerClient(const std::string&) {
 
 void Commands::AnswerEditing(const std::string&) {
   Finish(browser.IsEditingLabel() ? "ok" : "error: no label is being edited");
+}
+
+void Commands::AnswerStatus(const std::string&) {
+  browser.ShowStatus();
+  Print(Utf8(browser.StatusText()));
+  Finish("ok");
 }
 
 void Commands::AnswerQuit(const std::string&) {

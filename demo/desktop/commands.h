@@ -52,6 +52,7 @@ class Commands final : public WindowBase {
   void AnswerEmptyClipboard(const std::string& argument);
   void AnswerClient(const std::string& argument);
   void AnswerEditing(const std::string& argument);
+  void AnswerStatus(const std::string& argument);
   void AnswerQuit(const std::string& argument);
 
   std::optional<POINT> FindPoint(const std::string& part, const std::string& name);

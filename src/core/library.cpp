@@ -1,4 +1,4 @@
-// The library's entry and the two functions that hand out and take back views.
+// The library's entry point, and the two functions that create and destroy views.
 #include "core/module_handle.h"
 #include "core/proxy_view.h"
 #include "core/qvl.h"

@@ -3,5 +3,5 @@
 
 #include <windows.h>
 
-// Stored once at process attach; window classes and windows are made with it.
+// Set once at process attach. Window classes and windows are created with it.
 extern HINSTANCE moduleHandle;

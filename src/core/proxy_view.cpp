@@ -17,17 +17,19 @@ IQVLTreeView* MakeView(IQVLTreeView* owner) {
 
 }  // namespace
 
-// The field is cleared first: what the control reports while it goes may come back to the proxy.
+// The field stays set until the view is freed, so operations inside callbacks still reach the view
+// while its windows are destroyed. A callback that calls Create has already freed the view here.
 void QVLProxyView::EndImplementation() {
-  IQVLTreeView* ending = std::exchange(implementation, nullptr);
-  if (!ending) return;
-  ending->Destroy();
-  delete ending;
+  LifeWatch same(implementationLife);
+  implementation->Destroy();
+  if (!same) return;
+  implementationLife.End();
+  delete std::exchange(implementation, nullptr);
 }
 
-// Again while a callback creates anew in the middle of the end.
+// Loops because a callback may call Create while the implementation ends.
 QVLProxyView::~QVLProxyView() {
-  life.End();
+  life.End();  // tells a Create that this destructor interrupts
   while (implementation) EndImplementation();
 }
 
@@ -53,7 +55,9 @@ void QVLProxyView::Destroy() {
   if (implementation) implementation->Destroy();
 }
 
-int QVLProxyView::GetViewType() { return implementation ? implementation->GetViewType() : -1; }
+int QVLProxyView::GetViewType() {
+  return implementation ? implementation->GetViewType() : QVLVT_NONE;
+}
 
 bool QVLProxyView::SetImageList(HIMAGELIST images) {
   return implementation ? implementation->SetImageList(images) : false;

@@ -1,11 +1,11 @@
-// The view that a host holds: it builds the tree or the list and forwards every operation to it.
+// The view that a host gets: it creates a tree or a list and forwards every operation to it.
 #pragma once
 
+#include "core/life_watch.h"
 #include "core/qvl.h"
-#include "view/life_watch.h"
 
-// Looks at no argument and no result. A callback may end the proxy, so nothing of it is touched
-// after a forward.
+// Passes arguments and results on unchanged. A callback may end the proxy, so a forward is the last
+// thing that an operation does.
 class QVLProxyView final : public IQVLTreeView {
  public:
   HWND Create(HWND parent, int controlId, int x, int y, int width, int height, std::uint32_t style,
@@ -65,5 +65,6 @@ class QVLProxyView final : public IQVLTreeView {
 
   IQVLTreeView* implementation = nullptr;
   IQVLTreeViewClient* client = nullptr;
-  ViewLife life;
+  ViewLife life;                // of the proxy
+  ViewLife implementationLife;  // of the implementation
 };

@@ -1,28 +1,33 @@
-// qvl: a tree and a flat list of named items, each of which may stand for a file, behind one
-// interface. A host includes this header, links the import library and nothing else.
-//
-// The binary contract
-//
-// 1. Order. The virtual operations of IQVLTreeView, IQVLTreeViewClient and the two record classes
-//    stand in the order of their declaration. IQVLTreeView has its destructor last, the records
-//    have theirs first, the client interface has none. New operations never come in between.
-// 2. Ownership. The host owns the records, the client object, every image list it hands over and
-//    every list it passes. A view reads a record only during the call. The library owns the views:
-//    they come from GetIQVLTreeView and go with ReleaseIQVLTreeView. The two lists of a drag or a
-//    context menu belong to the view; the client only adds to them.
-// 3. Threads. Everything happens on the thread that created the view's windows. Nothing is locked.
-//    Drags need OleInitialize on that thread; the library does not call it.
-// 4. Exceptions. No operation throws, and none may leave a callback. Out of memory is answered
-//    with the failure value of the operation.
-// 5. One allocator, one compiler family. ItemHandleList and FileNameList grow on either side of
-//    the boundary, so host and library are built with the same compiler family, the same standard
-//    library and share its allocator.
-// 6. Failure is a plain result: false, null, 0 or -1, as told at each operation. Nothing is shown
-//    and nothing is logged. An operation on a view without a control gives its failure value.
-// 7. Lifetime. A callback may end the view: Destroy, a new Create or ReleaseIQVLTreeView. After
-//    that the interrupted operation makes no further call and gives its failure value.
-// 8. Handles. -1 is checked everywhere. Any other handle goes to the native control as it is: it
-//    must be 0 or one that the view gave and that has not been deleted since.
+/// \file
+/// qvl: a tree and a flat list of named items, each of which may stand for a file, behind one
+/// interface. A host includes this header and links the import library.
+///
+/// The binary contract:
+///
+/// 1. Order. The virtual operations of IQVLTreeView, IQVLTreeViewClient and the two record classes
+///    are in the order of their declaration. IQVLTreeView has its destructor last, the records have
+///    theirs first, and the client interface has none. New operations are never inserted.
+/// 2. Ownership. The host owns the records, the client object, every image list that it sets and
+///    every list that it passes. A view reads a record only during the call. The library owns the
+///    views: GetIQVLTreeView creates one and ReleaseIQVLTreeView destroys it. The two lists of a
+///    drag or a context menu belong to the view; the client only appends to them.
+/// 3. Threads. All calls and callbacks happen on the thread that created the view's windows.
+///    Nothing is locked.
+/// 4. Set-up. Before the first Create the host loads the common controls: it calls
+///    InitCommonControlsEx, or it has a manifest for them and uses them. Before a drag it calls
+///    OleInitialize on the view's thread. The library calls neither.
+/// 5. Exceptions. No operation throws, and no callback may throw. If memory runs out, an operation
+///    returns its failure value.
+/// 6. One allocator, one compiler family. ItemHandleList and FileNameList grow on both sides of the
+///    boundary. Host and library must use the same compiler family, the same standard library and
+///    one allocator.
+/// 7. Failure is a plain result: false, null, 0 or -1, as each operation says. Nothing is shown and
+///    nothing is logged. An operation on a view without a control returns its failure value.
+/// 8. Lifetime. A callback may end the view by Destroy, Create or ReleaseIQVLTreeView. The
+///    interrupted operation then makes no further call and returns its failure value.
+/// 9. Handles. -1 means no item; each operation says what it does with it. Every other handle goes
+///    to the native control as it is. It must be 0 or a handle that the view returned and that has
+///    not been deleted.
 #ifndef QVL_QVL_H
 #define QVL_QVL_H
 
@@ -34,116 +39,188 @@
 #include <string>
 #include <vector>
 
+/// The version of this header and of the library that belongs to it.
+#define QVL_VERSION "1.1.0"
+
+/// Marks what the library exports.
 #ifdef QVL_BUILD
 #define QVL_API __declspec(dllexport)
 #else
 #define QVL_API __declspec(dllimport)
 #endif
 
-// Identifies an item. In a tree it is the native item handle, and a real item is never 0 or -1.
-// In a list it is the row's present index from 0, so it moves when an earlier row is deleted.
+/// Identifies an item. In a tree it is the native item handle, and a real item is never 0 or -1.
+/// In a list it is the row's present index from 0, so it changes when an earlier row is deleted.
 using ItemHandle = std::int64_t;
 
+/// A list of items. Whoever passes it owns it.
 using ItemHandleList = std::vector<ItemHandle>;
+
+/// A list of file names, UTF-16. Whoever passes it owns it.
 using FileNameList = std::vector<std::basic_string<WCHAR>>;
 
-// Style flags of IQVLTreeView::Create. A flag that a presentation does not name has no effect
-// there.
-constexpr std::uint32_t QVLS_SHOWSELALWAYS = 0x0001;   // selection shows without the focus
-constexpr std::uint32_t QVLS_BORDER = 0x0002;          // WS_BORDER
-constexpr std::uint32_t QVLS_CHECKBOXES = 0x0004;      // a check box for each item
-constexpr std::uint32_t QVLS_HASBUTTONS = 0x0008;      // tree: plus and minus buttons
-constexpr std::uint32_t QVLS_HASLINES = 0x0010;        // tree: lines; list: grid lines
-constexpr std::uint32_t QVLS_LINESATROOT = 0x0020;     // tree: lines at the top level
-constexpr std::uint32_t QVLS_INFOTIP = 0x0040;         // the client is asked for tool tips
-constexpr std::uint32_t QVLS_LISTVIEW = 0x0080;        // a list instead of a tree
-constexpr std::uint32_t QVLS_NODRAGDROP = 0x0100;      // tree: items cannot be dragged
-constexpr std::uint32_t QVLS_NOCOLUMNHEADER = 0x0200;  // list: no header
-constexpr std::uint32_t QVLS_SINGLESEL = 0x0400;       // one selected item at most
-constexpr std::uint32_t QVLS_EDITLABELS = 0x0800;      // tree: labels can be edited in place
-constexpr std::uint32_t QVLS_FULLROWSELECT = 0x1000;   // tree: the whole row selects; list: always
-constexpr std::uint32_t QVLS_SORTHEADER = 0x2000;      // list: the header's titles can be clicked
+/// \name View types
+/// Results of IQVLTreeView::GetViewType.
+/// \{
+constexpr int QVLVT_NONE = -1;  ///< before the first Create
+constexpr int QVLVT_TREE = 1;   ///< a tree
+constexpr int QVLVT_LIST = 2;   ///< a list
+/// \}
 
-// Hit flags: where a point lies. Several can hold at once.
-constexpr std::uint32_t QVLHT_ABOVE = 0x0001;
-constexpr std::uint32_t QVLHT_BELOW = 0x0002;
-constexpr std::uint32_t QVLHT_NOWHERE = 0x0004;
-constexpr std::uint32_t QVLHT_ONITEM = 0x0008;        // tree: on icon, label or state icon
-constexpr std::uint32_t QVLHT_ONITEMBUTTON = 0x0010;  // tree: on the plus or minus button
-constexpr std::uint32_t QVLHT_ONITEMICON = 0x0020;
-constexpr std::uint32_t QVLHT_ONITEMINDENT = 0x0040;  // tree only
-constexpr std::uint32_t QVLHT_ONITEMLABEL = 0x0080;
-constexpr std::uint32_t QVLHT_ONITEMRIGHT = 0x0100;      // tree only
-constexpr std::uint32_t QVLHT_ONITEMSTATEICON = 0x0200;  // in the list together with QVLHT_ABOVE
-constexpr std::uint32_t QVLHT_TOLEFT = 0x0400;
-constexpr std::uint32_t QVLHT_TORIGHT = 0x0800;
+/// \name Style flags
+/// The `style` argument of IQVLTreeView::Create. A flag has no effect on a presentation that its
+/// comment leaves out.
+/// \{
+constexpr std::uint32_t QVLS_SHOWSELALWAYS = 0x0001;   ///< selection shows without the focus
+constexpr std::uint32_t QVLS_BORDER = 0x0002;          ///< WS_BORDER
+constexpr std::uint32_t QVLS_CHECKBOXES = 0x0004;      ///< a check box for each item
+constexpr std::uint32_t QVLS_HASBUTTONS = 0x0008;      ///< tree: plus and minus buttons
+constexpr std::uint32_t QVLS_HASLINES = 0x0010;        ///< tree: lines; list: grid lines
+constexpr std::uint32_t QVLS_LINESATROOT = 0x0020;     ///< tree: lines at the top level
+constexpr std::uint32_t QVLS_INFOTIP = 0x0040;         ///< the client supplies tool tips
+constexpr std::uint32_t QVLS_LISTVIEW = 0x0080;        ///< a list instead of a tree
+constexpr std::uint32_t QVLS_NODRAGDROP = 0x0100;      ///< tree: items cannot be dragged
+constexpr std::uint32_t QVLS_NOCOLUMNHEADER = 0x0200;  ///< list: no header
+constexpr std::uint32_t QVLS_SINGLESEL = 0x0400;       ///< at most one selected item
+constexpr std::uint32_t QVLS_EDITLABELS = 0x0800;      ///< tree: labels can be edited in place
+constexpr std::uint32_t QVLS_FULLROWSELECT = 0x1000;  ///< tree: the whole row selects; list: always
+constexpr std::uint32_t QVLS_SORTHEADER = 0x2000;     ///< list: column titles can be clicked
+/// \}
 
-// What the host says of one item or cell. A view reads it only during InsertItem or UpdateItem,
-// so one record can be filled again and again. Plain data of the thread that uses it.
+/// \name Hit flags
+/// Where a point is. Several can be set at once.
+/// \{
+constexpr std::uint32_t QVLHT_ABOVE = 0x0001;    ///< above the items; list: also on the state icon
+constexpr std::uint32_t QVLHT_BELOW = 0x0002;    ///< below the client area
+constexpr std::uint32_t QVLHT_NOWHERE = 0x0004;  ///< in the client area, below the last item
+constexpr std::uint32_t QVLHT_ONITEM = 0x0008;   ///< tree: on icon, label or state icon
+constexpr std::uint32_t QVLHT_ONITEMBUTTON = 0x0010;     ///< tree: on the plus or minus button
+constexpr std::uint32_t QVLHT_ONITEMICON = 0x0020;       ///< on the icon
+constexpr std::uint32_t QVLHT_ONITEMINDENT = 0x0040;     ///< tree: on the indent
+constexpr std::uint32_t QVLHT_ONITEMLABEL = 0x0080;      ///< on the text
+constexpr std::uint32_t QVLHT_ONITEMRIGHT = 0x0100;      ///< tree: right of the label
+constexpr std::uint32_t QVLHT_ONITEMSTATEICON = 0x0200;  ///< list: always with QVLHT_ABOVE
+constexpr std::uint32_t QVLHT_TOLEFT = 0x0400;           ///< left of the client area
+constexpr std::uint32_t QVLHT_TORIGHT = 0x0800;          ///< right of the client area
+/// \}
+
+/// Describes one item or one cell to InsertItem and UpdateItem. A view reads it only during the
+/// call, so a host can fill one record again and again. It has no locks and belongs to the thread
+/// that uses it.
 class QVL_API QVLTreeViewItem {
  public:
-  // Type 0, empty texts, no flags, image and state index -1, cell 0, indent offset 0, client
-  // value 0.
+  /// Sets type 0, empty texts, no flags, image and state index -1, cell 0, indent offset 0 and
+  /// client value 0.
   QVLTreeViewItem() noexcept;
+  /// Frees the texts.
   virtual ~QVLTreeViewItem();
 
-  // Kind of record. With system icons, 1 has InsertItem look the icon up by the file's base name
-  // and extension alone; every other value uses the whole file name.
+  /// \name Type
+  /// \{
+
+  /// Kind of record. With system icons, type 1 makes InsertItem look up the icon by the file's base
+  /// name and extension alone. Every other type uses the whole file name.
   virtual void SetType(int type) noexcept;
   virtual int GetType() const noexcept;
+  /// \}
 
-  // Text shown for the item or cell, copied. Null and an empty text both empty the field, and so
-  // does a text for which there is no memory. The result is never null and holds until the field
-  // is set again or the record ends.
+  /// \name Item name
+  /// \{
+
+  /// Text of the item or cell. The record copies it. Null, an empty text and a text for which there
+  /// is no memory leave the field empty. The result is never null. It is valid until the field is
+  /// set again or the record is destroyed.
   virtual const WCHAR* GetItemName() const noexcept;
   virtual void SetItemName(const WCHAR* name) noexcept;
+  /// \}
 
-  // File that the item stands for, from which its shell icon comes. Same rules as the item name.
+  /// \name File name
+  /// \{
+
+  /// File that the item stands for; its shell icon comes from this name. Same rules as the item
+  /// name.
   virtual const WCHAR* GetFileName() const noexcept;
   virtual void SetFileName(const WCHAR* name) noexcept;
+  /// \}
 
-  // True makes the item the caret's (tree) or selects the row (list) once it exists; false
-  // leaves the selection as it is.
+  /// \name Selected
+  /// \{
+
+  /// True makes the item the caret (tree) or selects the row (list) once it exists. False leaves
+  /// the selection as it is.
   virtual void SetSelected(bool value) noexcept;
   virtual bool IsSelected() const noexcept;
+  /// \}
 
-  // True ticks the box of a view made with QVLS_CHECKBOXES; false leaves the box as it is.
+  /// \name Checked
+  /// \{
+
+  /// True checks the box in a view with QVLS_CHECKBOXES. False leaves the box as it is.
   virtual void SetChecked(bool value) noexcept;
   virtual bool IsChecked() const noexcept;
+  /// \}
 
-  // Drawn as cut. Counts only with a state index other than -1.
+  /// \name Cut
+  /// \{
+
+  /// Draws the item as cut. Has an effect only if the state index is not -1.
   virtual void SetCut(bool value) noexcept;
   virtual bool IsCut() const noexcept;
+  /// \}
 
-  // Index into the view's image list. Not read while the view uses system icons.
+  /// \name Image index
+  /// \{
+
+  /// Index into the view's image list. Not read while the view uses system icons.
   virtual void SetImageIndex(int index) noexcept;
   virtual int GetImageIndex() const noexcept;
+  /// \}
 
-  // State image: the tree shows image `index`, the list image `index` + 1. With -1 the record sets
-  // no state at all, so bold and cut have no effect either.
+  /// \name State index
+  /// \{
+
+  /// State image: the tree shows image `index`, the list image `index` + 1. With -1 the record sets
+  /// no state at all, so bold and cut have no effect either.
   virtual void SetStateIndex(int index) noexcept;
   virtual int GetStateIndex() const noexcept;
+  /// \}
 
-  // The host's own value, stored with the item and given back by GetItemClientPtr.
+  /// \name Client value
+  /// \{
+
+  /// The host's own value. The view stores it with the item and returns it from GetItemClientPtr.
   virtual std::int64_t GetClientPtr() const noexcept;
   virtual void SetClientPtr(std::int64_t value) noexcept;
+  /// \}
 
-  // Drawn bold, in the tree only. Counts only with a state index other than -1.
+  /// \name Bold
+  /// \{
+
+  /// Draws the item bold, in a tree only. Has an effect only if the state index is not -1.
   virtual void SetBold(bool value) noexcept;
   virtual bool IsBold() const noexcept;
+  /// \}
 
-  // Cell number; 0 is the item itself. The tree refuses any other value; in the list a value
-  // above 0 means that cell of an existing row.
+  /// \name Cell number
+  /// \{
+
+  /// 0 is the item itself. The tree refuses every other value. In a list a value above 0 is a cell
+  /// of an existing row.
   virtual int GetSubItem() const noexcept;
   virtual void SetSubItem(int subItem) noexcept;
+  /// \}
 
-  // Added to the depth of a new list row; a negative depth counts as 0.
+  /// \name Indent offset
+  /// \{
+
+  /// Added to the depth of a new list row. A negative depth becomes 0.
   virtual int GetIndentOffset() const noexcept;
   virtual void SetIndentOffset(int offset) noexcept;
+  /// \}
 
-  // A copy could fail for lack of memory, and a record has no way to say so.
+  /// Not copied: a copy could fail for lack of memory, and a record cannot report that.
   QVLTreeViewItem(const QVLTreeViewItem&) = delete;
-  QVLTreeViewItem& operator=(const QVLTreeViewItem&) = delete;
+  QVLTreeViewItem& operator=(const QVLTreeViewItem&) = delete;  ///< Not copied.
 
  private:
   std::int32_t type = 0;
@@ -157,23 +234,36 @@ class QVL_API QVLTreeViewItem {
   std::int64_t clientPtr = 0;
 };
 
-// Platform style bits that Create adds to those of its flags. All 0 at first.
+/// Platform style bits that Create adds to those of its flags. All are 0 at first.
 class QVL_API QVLTreeViewStyleExt {
  public:
+  /// Sets all bits to 0.
   QVLTreeViewStyleExt() noexcept;
-  virtual ~QVLTreeViewStyleExt();
+  virtual ~QVLTreeViewStyleExt();  ///< Nothing to free.
 
-  // Window style bits of the control.
+  /// \name Style
+  /// \{
+
+  /// Window style bits of the control.
   virtual void SetStyle(std::uint32_t style) noexcept;
   virtual std::uint32_t GetStyle() const noexcept;
+  /// \}
 
-  // Extended window style bits of the control.
+  /// \name Extended style
+  /// \{
+
+  /// Extended window style bits of the control.
   virtual void SetStyleEx(std::uint32_t style) noexcept;
   virtual std::uint32_t GetStyleEx() const noexcept;
+  /// \}
 
-  // Extended list style bits (LVS_EX_...). The tree does not read them.
+  /// \name Extended list style
+  /// \{
+
+  /// Extended list style bits (LVS_EX_...). The tree does not read them.
   virtual void SetStyleExCtrl(std::uint32_t style) noexcept;
   virtual std::uint32_t GetStyleExCtrl() const noexcept;
+  /// \}
 
  private:
   std::uint32_t style = 0;
@@ -183,245 +273,325 @@ class QVL_API QVLTreeViewStyleExt {
 
 class IQVLTreeView;
 
-// What a view tells the host and asks of it. The host implements it, hands it to SetClient and
-// keeps it alive until SetClient(null), Destroy or the end of the view. The library never deletes
-// it. `view` is always the pointer that GetIQVLTreeView gave. All calls are synchronous, on the
-// view's thread. A callback may call any operation of the view.
-//
-// Selection events. Begin and End come in pairs and may nest in a tree; OnItemSelectionChanged
-// comes between them, or alone where the native control moves its selection by itself. In a list
-// each change of a row, of its box or its text too, is a pair with one report in it.
+/// The callbacks of a view. The host implements this class, passes the object to SetClient and
+/// keeps it alive until SetClient(nullptr), Destroy or the end of the view. The library never
+/// deletes it.
+///
+/// `view` is always the pointer that GetIQVLTreeView returned. All callbacks are synchronous, on
+/// the view's thread. A callback may call any operation of the view, SetClient included: each call
+/// goes to the client that the view has at that moment.
+///
+/// Selection brackets. OnBeginSelectionChange and OnEndSelectionChange come in pairs and may nest
+/// in a tree. OnItemSelectionChanged comes between them, or alone where the native control moves
+/// its selection by itself. In a list each change of a row, of its box or its text too, is a
+/// bracket with one report in it.
 class IQVLTreeViewClient {
  public:
-  // A context menu is asked for at the screen position x, y (-1, -1 from the keyboard). `item` is
-  // the item there, already selected, or -1 with hitFlags 0. ShowContextMenu may be called here.
+  /// The user asks for a context menu at the screen position `x`, `y` in pixels (-1, -1 from the
+  /// keyboard). `item` is the item at that position. It is selected by then, as by HitTest with
+  /// `select`. On empty space `item` is -1 and `hitFlags` is 0. The client may call
+  /// ShowContextMenu.
   virtual void OnContextMenu(IQVLTreeView* view, int x, int y, ItemHandle item,
                              std::uint32_t hitFlags) = 0;
 
-  // The tool tip of `item` is about to show. True: `*text` (null on entry) and `*length`, in
-  // characters (0 on entry), replace the control's own. The text is not copied and must outlive
-  // the tip. `hitFlags` tells where the mouse is. False: the control's own text stays.
+  /// The tool tip of `item` is about to show. Result: true replaces the control's own text by
+  /// `*text` (null on entry) and its length by `*length` in characters (0 on entry); false keeps
+  /// them. The text is not copied and must live as long as the tip. `hitFlags` tells where the
+  /// mouse is.
   virtual bool OnGetInfoTip(IQVLTreeView* view, ItemHandle item, WCHAR** text, int* length,
                             std::uint32_t hitFlags) = 0;
 
-  // The user begins to drag the selected `items`. The client adds the names of the files to drag
-  // to the empty `files`. True with at least one name starts the drag.
+  /// The user begins to drag the selected `items`. The client appends the names of the files to
+  /// drag to `files`, which is empty. Result: true with at least one name starts the drag.
+  ///
+  /// The drop target gets a data object that is valid until the drag ends. The library then
+  /// disconnects receivers in other processes. A receiver in the host's own process must not keep
+  /// the object: there is nothing that could disconnect it.
   virtual bool OnBeginDrag(IQVLTreeView* view, ItemHandleList* items, FileNameList* files) = 0;
 
-  // List only, inside Create: true says that the client made the columns of `listWindow` itself,
-  // so that the list leaves their widths alone. `clientRect` is its client area in pixels.
+  /// List only, inside Create: the client may make the columns of `listWindow`. `clientRect` is a
+  /// copy of its client area in pixels. Result: true says that the client made the columns, and the
+  /// list never changes their widths; false makes one column as wide as the client area.
   virtual bool OnCreateColumns(IQVLTreeView* view, HWND listWindow, RECT* clientRect) = 0;
 
-  // ShowContextMenu asks which files the selected `items` stand for. The client adds their names,
-  // full paths as a rule, to the empty `files`. True with at least one name shows the menu.
+  /// ShowContextMenu asks which files the selected `items` stand for. The client appends their full
+  /// paths to `files`, which is empty. Result: true with at least one name shows the menu.
+  ///
+  /// \warning All names must be files of one folder, and all must exist. The shell's menu belongs
+  /// to the folder of the first name. For a name of another folder the command, Delete too, acts on
+  /// the file of that name in the first folder, or on the first folder itself if there is none. If
+  /// the selection spans folders or a file is missing, return false.
   virtual bool OnShellContextMenu(IQVLTreeView* view, ItemHandleList* items,
                                   FileNameList* files) = 0;
 
-  // A label edit begins or ends. `code` is TVN_BEGINLABELEDITW, TVN_ENDLABELEDITW,
-  // LVN_BEGINLABELEDITW or LVN_ENDLABELEDITW, and `record` the platform's NMTVDISPINFOW or
-  // NMLVDISPINFOW. True cancels at the begin codes and accepts the new text at the end codes.
+  /// A label edit begins or ends. `code` is TVN_BEGINLABELEDITW, TVN_ENDLABELEDITW,
+  /// LVN_BEGINLABELEDITW or LVN_ENDLABELEDITW, and `record` is the platform's NMTVDISPINFOW or
+  /// NMLVDISPINFOW. Result: at the begin codes true cancels the edit; at the end codes true accepts
+  /// the new text. In a tree with QVLS_EDITLABELS a plain press on a label may begin an edit; a
+  /// client that wants edits only on its own request cancels the others.
   virtual bool OnLabelEdit(IQVLTreeView* view, NMHDR* record, std::uint32_t code) = 0;
 
+  /// A change of the selection begins.
+  ///
+  /// An operation over many items suspends the drawing of a visible control from the ninth changed
+  /// item to its end. A dialog that a client shows meanwhile stands over a view that does not
+  /// repaint.
   virtual void OnBeginSelectionChange(IQVLTreeView* view) = 0;
 
-  // The selected state of `item` may have changed; IsItemSelected tells. In a tree 0 says that the
-  // caret has left all items, in a list -1 that all rows changed.
+  /// The selected state of `item` may have changed; IsItemSelected tells. In a tree, item 0 means
+  /// that the caret has left all items. In a list, item -1 means that all rows changed.
   virtual void OnItemSelectionChanged(IQVLTreeView* view, ItemHandle item) = 0;
 
+  /// The change of the selection has ended.
   virtual void OnEndSelectionChange(IQVLTreeView* view) = 0;
 
-  // List only: the header of `column`, from 0, was clicked.
+  /// List only: the user clicked the title of `column`, which counts from 0.
   virtual void OnColumnClick(IQVLTreeView* view, int column) = 0;
 
-  // Tree only: `item` has been expanded or collapsed; IsItemExpanded tells which.
+  /// Tree only: `item` has been expanded or collapsed; IsItemExpanded tells which.
   virtual void OnItemExpanded(IQVLTreeView* view, ItemHandle item) = 0;
 
  protected:
-  // Not virtual: the library never deletes a client.
+  /// Not virtual: the library never deletes a client.
   ~IQVLTreeViewClient() = default;
 };
 
-// A view. Before Create and after Destroy it has no control and every operation gives its failure
-// value, named at each operation. Calling order: GetIQVLTreeView, SetClient, Create, the rest,
-// ReleaseIQVLTreeView.
-//
-// "Visible" items of a tree are those that no collapsed parent hides, scrolled into view or not.
+/// A view. Before Create and after Destroy it has no control, and every operation returns its
+/// failure value. Calling order: GetIQVLTreeView, SetClient, Create, the other operations,
+/// ReleaseIQVLTreeView.
+///
+/// The visible items of a tree are those that no collapsed parent hides, whether or not they are
+/// scrolled into view.
 class IQVLTreeView {
  public:
-  // Makes a tree, or with QVLS_LISTVIEW a list, as child `controlId` inside `parent`, at x, y with
-  // width and height in pixels of `parent`'s client area. `styleExt` may be null. What the view
-  // held before is destroyed; only the client stays. Result: the native control, or null.
-  // A list calls OnCreateColumns from here.
+  /// Makes a tree, or with QVLS_LISTVIEW a list, at `x`, `y` with `width` and `height`, in pixels
+  /// of `parent`'s client area. `style` holds style flags; `styleExt` may be null. The view's
+  /// previous control and items are destroyed first; only the client stays. Result: the native
+  /// control, or null.
+  ///
+  /// The library puts a window of its own between `parent` and the control, which has the id
+  /// `controlId` in it. So GetDlgItem(parent, controlId) finds nothing, and WM_NOTIFY of the
+  /// control does not reach the host. The control always has WS_EX_CLIENTEDGE. A list calls
+  /// OnCreateColumns.
   virtual HWND Create(HWND parent, int controlId, int x, int y, int width, int height,
                       std::uint32_t style, QVLTreeViewStyleExt* styleExt) = 0;
 
-  // Destroys the control with all items, forgets client, image source and selection mode. Create
-  // can follow, with the same client.
+  /// Destroys the control with all items. The view forgets the use of system icons and the
+  /// selection mode, and makes no more callbacks. Create can follow; the view then has the same
+  /// client.
   virtual void Destroy() = 0;
 
-  // 1 tree, 2 list, -1 before the first Create.
+  /// QVLVT_TREE, QVLVT_LIST, or QVLVT_NONE before the first Create.
   virtual int GetViewType() = 0;
 
-  // Images of the items. The list stays the host's. False without a control.
+  /// Sets the images of the items. The host keeps the list and destroys it after the view. Result:
+  /// false without a control.
   virtual bool SetImageList(HIMAGELIST images) = 0;
 
-  // From now on items show the shell's small icon of their file. False without a control or when
-  // the shell has no icons to give.
+  /// From now on items show the shell's small icon of their file. Result: false without a control,
+  /// or if the shell has no icons. In a tree call SetBkColor first: the icons are copied onto that
+  /// colour, which is black at the beginning.
   virtual bool UseSystemImageList() = 0;
 
-  // State images; 1 and 2 are the empty and the ticked box. The list stays the host's. False
-  // without a control.
+  /// Sets the state images; 1 and 2 are the empty and the checked box. The host keeps the list and
+  /// destroys it after the view. Result: false without a control.
+  ///
+  /// A view with check boxes frees the images that its control made, if the control still holds
+  /// them when it is destroyed. A host that replaces them must destroy them itself: it gets them
+  /// from the control (TVM_GETIMAGELIST, LVM_GETIMAGELIST) before. A host that uses them in another
+  /// view as well must take them out of that view first.
   virtual bool SetStateImageList(HIMAGELIST images) = 0;
 
-  // Background colour, in a list of the text too. False without a control. All trees with system
-  // icons share one background for their icons: the one set last.
+  /// Sets the background colour, in a list that of the text too. Result: false without a control.
+  /// All trees with system icons share one background for their icons: the colour set last.
   virtual bool SetBkColor(COLORREF color) = 0;
 
-  // Text colour. False without a control.
+  /// Sets the text colour. Result: false without a control.
   virtual bool SetTextColor(COLORREF color) = 0;
 
-  // Tree: switches Shift and Ctrl selection on or off; what is selected stays. List: only stored,
-  // since its mode was fixed by QVLS_SINGLESEL. Nothing before the first Create.
+  /// Tree: switches multiple selection on or off; selected items stay selected. List: only stores
+  /// the value, since QVLS_SINGLESEL fixed the mode. Does nothing before the first Create.
   virtual void SetMultiSelect(bool enabled) = 0;
 
-  // The stored value: in a tree true unless created with QVLS_SINGLESEL, in a list false until
-  // set. False before the first Create.
+  /// The stored value: in a tree true unless created with QVLS_SINGLESEL, in a list false until
+  /// SetMultiSelect. False before the first Create.
   virtual bool GetMultiSelect() = 0;
 
-  // The callback object, or null for none. Kept across Destroy and Create.
+  /// Sets the object whose callbacks are called; null for none. The view keeps it across Destroy
+  /// and Create. A new client gets all calls from here on, also the end of a bracket that is open.
   virtual void SetClient(IQVLTreeViewClient* client) = 0;
 
-  // The native control, null without one. Its user data, and a tree's window procedure, are the
-  // library's.
+  /// The native control, null without one. What is the library's: of a tree the user data and the
+  /// window procedure; of a list nothing but a window procedure that passes every message on, whose
+  /// place a host's own procedure may take above it. A list's user data is the host's.
   virtual HWND GetControlWindow() = 0;
 
-  // Moves the view, in pixels of the parent's client area, without repainting. A list whose
-  // columns are not the client's fits its column. False without a control.
+  /// Moves the view, in pixels of the parent's client area, without repainting. A list fits its
+  /// column unless the client made the columns. Result: false without a control.
   virtual bool Move(int x, int y, int width, int height) = 0;
 
-  // Removes all items. In a tree the client hears what the control reports of the caret.
+  /// Deletes all items. In a tree the client gets the reports of the caret that the control makes.
   virtual void DeleteAllItems() = 0;
 
-  // Hide, show or invalidate the control.
+  /// \name Showing
+  /// \{
+
+  /// Hide, show or invalidate the control. Nothing without a control.
   virtual void Hide() = 0;
   virtual void Show() = 0;
   virtual void Redraw() = 0;
+  /// \}
 
-  // Tree: positions of the scroll bars, 0 where there is none. List: pixels scrolled. Both
-  // pointers must be real. False without a control, and nothing is written.
+  /// Tree: the positions of the scroll bars, 0 where there is none. List: pixels scrolled. Neither
+  /// pointer may be null. Result: false without a control; nothing is written then.
   virtual bool GetScrollPosition(int* x, int* y) = 0;
 
-  // Tree: sets the positions of the scroll bars. List: scrolls by x, y pixels.
+  /// Tree: sets the positions of the scroll bars. List: scrolls by `x`, `y` pixels, so it does not
+  /// reverse GetScrollPosition.
   virtual void SetScrollPosition(int x, int y) = 0;
 
-  // Greatest width of a tool tip in pixels, -1 for one line of any width.
+  /// Sets the greatest width of a tool tip in pixels; -1 for one line of any width.
   virtual void SetToolTipWidth(int width) = 0;
 
-  // Milliseconds until a tool tip shows; the low 16 bits count.
+  /// Sets the time in milliseconds until a tool tip shows. Only the low 16 bits are used.
   virtual void SetToolTipDelay(int delay) = 0;
 
-  // Adds an item from the record, which must be real, and gives its handle. Tree: last child of
-  // `parent`, 0 or -1 for the top level; a record with a cell number is refused. List: a new row
-  // behind those inserted before, indented by one more than row `parent` (-1 for none); a record
-  // with a cell number above 0 and a `parent` sets that cell's text and gives the row. -1 on
-  // failure and without a control, 0 before the first Create. A selected record reports as the
-  // control does.
+  /// Adds an item from the record, which must not be null. Result: the new item; -1 on failure and
+  /// without a control, 0 before the first Create. A record with SetSelected selects the item, and
+  /// the client gets the reports that the control makes.
+  ///
+  /// Tree: the item becomes the last child of `parent`; 0 and -1 mean the top level. A record with
+  /// a cell number other than 0 is refused.
+  ///
+  /// List: the record becomes a new row after those inserted before, indented by one more than row
+  /// `parent` (-1 for none). A record with a cell number above 0 and a `parent` sets the text of
+  /// that cell; the result is the row.
   virtual ItemHandle InsertItem(QVLTreeViewItem* item, ItemHandle parent) = 0;
 
-  // Rewrites an item, or in a list a cell, from the record, which must be real. False without a
-  // control, for -1, for a cell number in a tree, and when the control refuses.
+  /// Rewrites an item, or in a list a cell, from the record, which must not be null. Result: false
+  /// without a control, for -1, for a cell number in a tree, and if the control refuses.
   virtual bool UpdateItem(QVLTreeViewItem* item, ItemHandle handle) = 0;
 
-  // Deletes an item, in a tree with its branch. True if the control deleted it; false for -1.
+  /// Deletes an item, in a tree with its branch. Result: true if the control deleted it; false for
+  /// -1. In a tree, DeleteItem(0) deletes all items; GetParentItem of a top-level item returns 0.
   virtual bool DeleteItem(ItemHandle handle) = 0;
 
-  // Appends handles to the host's list, which must be real, and gives its length afterwards, 0
-  // without a control. Tree: the visible items, or with `visibleOnly` false the first top-level
-  // item and all below it. List: all rows. If memory ends, the list keeps what it has by then.
+  /// Appends items to `items`, which must not be null. Tree: the visible items, or with
+  /// `visibleOnly` false the first top-level item and all items below it, but not its siblings.
+  /// List: all rows. Result: the length of the list afterwards; 0 without a control. If memory runs
+  /// out, the list keeps what it has by then.
   virtual std::int64_t GetItems(ItemHandleList* items, bool visibleOnly) = 0;
 
-  // Neighbours. Tree: 0 where there is none. List: the row before, the row after, the row after;
-  // -1 where there is none. -1 without a control and for -1.
+  /// \name Neighbours
+  /// \{
+
+  /// Parent, first child and next sibling. -1 without a control and for -1.
+  ///
+  /// Tree: 0 where there is none. GetFirstChildItem(0) is the first top-level item. GetParentItem
+  /// of a top-level item returns 0; do not pass that to DeleteItem.
+  ///
+  /// List: the row before, the row after and the row after, whatever the indents; -1 where there is
+  /// none. GetParentItem does not check that its argument exists.
   virtual ItemHandle GetParentItem(ItemHandle handle) = 0;
   virtual ItemHandle GetFirstChildItem(ItemHandle handle) = 0;
   virtual ItemHandle GetNextSiblingItem(ItemHandle handle) = 0;
+  /// \}
 
-  // Tree: expands or collapses. The control reports only the first expansion by this operation.
-  // List: nothing.
+  /// Tree: expands or collapses an item. The handle goes to the control unchecked, -1 too. The
+  /// control reports only the first expansion of an item by this operation. List: does nothing.
   virtual void ExpandItem(ItemHandle handle, bool expand) = 0;
 
-  // Tree: whether the item is expanded, false for -1. List: false.
+  /// Tree: whether the item is expanded; false for -1. List: false.
   virtual bool IsItemExpanded(ItemHandle handle) = 0;
 
-  // Tree: expands every item; collapses the top-level items. List: nothing.
+  /// \name All branches
+  /// \{
+
+  /// Tree: ExpandAll expands every item, CollapseAll collapses the top-level items. List: nothing.
   virtual void ExpandAll() = 0;
   virtual void CollapseAll() = 0;
+  /// \}
 
-  // Scrolls the item into view; -1 means the first.
+  /// Scrolls the item into view. -1 is the first item.
   virtual void EnsureVisible(ItemHandle handle) = 0;
 
-  // The item at a point in screen pixels, which must be real and is not changed; -1 for none, 0
-  // before the first Create. `hitFlags` may be null. With `select` an item that is not selected
-  // becomes the selection, and the client hears of it in a bracket.
+  /// Finds the item at a point in screen pixels, which must not be null and is not changed. Result:
+  /// the item; -1 for none, 0 before the first Create. `hitFlags` may be null; otherwise it gets
+  /// the hit flags, 0 with -1. Before the first Create it is not written.
+  ///
+  /// With `select` an item that is not selected becomes the selection. The client gets a selection
+  /// bracket (tree) or the reports of the control (list). If a callback deletes the item, the
+  /// result is -1.
   virtual ItemHandle HitTest(const POINT* screenPoint, bool select, std::uint32_t* hitFlags) = 0;
 
-  // The value of the record's SetClientPtr; 0 if the item cannot be read, and for 0 in a tree.
+  /// The client value of the item's record. 0 if the item cannot be read, and for 0 in a tree.
   virtual std::int64_t GetItemClientPtr(ItemHandle handle) = 0;
 
-  // Number of selected items, in a tree among the visible ones; 0 without a control.
+  /// Number of selected items, in a tree of the visible ones, so it changes when a branch is
+  /// collapsed. 0 without a control.
   virtual int GetSelectedCount() = 0;
 
-  // Selected item number `index`, from 0, from the top down. -1 if there are not so many, 0
-  // without a control. Costs a walk from the start.
+  /// Selected item number `index`, from 0, from top to bottom. -1 if there are not so many, 0
+  /// without a control. Each call walks from the first item.
   virtual ItemHandle GetSelectedItem(int index) = 0;
 
-  // Selects or deselects one item. Tree: Begin, the report and End come in any case. List: the
-  // client hears what changed. Nothing for -1.
+  /// Selects or deselects one item; nothing for -1. Tree: the client gets a bracket with one report
+  /// in any case. List: the client gets a bracket if the row changes.
   virtual void SetItemSelected(ItemHandle handle, bool selected) = 0;
 
-  // Whether the item is selected; false for -1 and without a control.
+  /// Whether the item is selected. False for -1 and without a control.
   virtual bool IsItemSelected(ItemHandle handle) = 0;
 
-  // Whole selection: all, none, the opposite. Tree: of the visible items, in one bracket. List: a
-  // bracket for each row that changes.
+  /// \name Whole selection
+  /// \{
+
+  /// Select all, none, or the opposite. Tree: the visible items, in one bracket. List: a bracket
+  /// for each row that changes.
   virtual void SelectAll() = 0;
   virtual void ClearSelection() = 0;
   virtual void InvertSelection() = 0;
+  /// \}
 
-  // Number of items whose state image is 2, the ticked box; in a tree among the visible ones. 0
-  // without a control.
+  /// Number of items whose state image is 2, the checked box; in a tree of the visible ones, so it
+  /// changes when a branch is collapsed. 0 without a control.
   virtual int GetCheckedCount() = 0;
 
-  // Ticked item number `index`, as GetSelectedItem.
+  /// Checked item number `index`; same rules as GetSelectedItem.
   virtual ItemHandle GetCheckedItem(int index) = 0;
 
-  // State image 2 for true, 1 for false. Nothing for -1. The tree tells the client nothing.
+  /// Sets state image 2 for true, 1 for false; nothing for -1. The tree makes no callback.
   virtual void SetItemChecked(ItemHandle handle, bool checked) = 0;
 
-  // True unless the state image is 1, so also for an item without a box. False for -1 and without
-  // a control.
+  /// True unless the state image is 1, so also for an item without a box. False for -1 and without
+  /// a control.
   virtual bool IsItemChecked(ItemHandle handle) = 0;
 
-  // Ticks every empty box, empties every ticked box; other state images stay. Tree: of the visible
-  // items.
+  /// \name All boxes
+  /// \{
+
+  /// CheckAll checks every empty box, UncheckAll empties every checked box. Other state images
+  /// stay. Tree: the visible items.
   virtual void CheckAll() = 0;
   virtual void UncheckAll() = 0;
+  /// \}
 
-  // Shows the shell's context menu for the files that the client names for the selected items, at
-  // a screen position in pixels, and runs the command picked. Returns when the menu has closed.
-  // False without a client, a selection or a name, or when the first file is not known to the
-  // shell. True does not say that a menu was shown.
+  /// Shows the shell's context menu at a screen position in pixels, for the files that
+  /// OnShellContextMenu names, and runs the command that the user picks. Returns when the menu has
+  /// closed. Result: false without a client, a selected item or a name, and if the shell does not
+  /// know the first name. True does not say that a menu was shown.
   virtual bool ShowContextMenu(int x, int y) = 0;
 
+  /// Called by ReleaseIQVLTreeView only.
   virtual ~IQVLTreeView() = default;
 };
 
 extern "C" {
 
-// A new view without a control, to be freed with ReleaseIQVLTreeView. Null if there is no memory.
+/// Creates a view without a control. The caller destroys it with ReleaseIQVLTreeView. Null if there
+/// is no memory.
 QVL_API IQVLTreeView* GetIQVLTreeView();
 
-// Ends a view: its windows, its items and itself. Null is ignored.
+/// Destroys a view with its windows and items. Null is ignored.
 QVL_API void ReleaseIQVLTreeView(IQVLTreeView* view);
 }
 

@@ -10,7 +10,7 @@ constexpr std::uint32_t kChecked = 0x4;
 constexpr std::uint32_t kCut = 0x8;
 
 // A text that cannot be copied leaves the field empty. The field keeps its memory for the next
-// text, since a host fills one record again and again; it may be given a part of its own text.
+// text, because a host fills one record again and again. `text` may be a part of the field.
 void CopyText(std::basic_string<WCHAR>& field, const WCHAR* text) noexcept {
   try {
     field.assign(text ? text : TEXT(""));

@@ -1,17 +1,14 @@
-// How the list's windows come into being and go away.
+// Creates and destroys the list's windows.
+#include "common/parent_proc.h"
+#include "common/style_map.h"
 #include "list/list_view.h"
 #include "platform/list_control.h"
-#include "view/style_map.h"
-#include "view/windows_of_view.h"
 
 namespace {
 
-// The procedure that a list control had before; all list controls have the same class procedure.
+// The class procedure of list controls that ListControlSubclassProc has replaced; one value for the
+// process.
 WNDPROC savedListProc = nullptr;
-
-// Whether that is an address to be called. For a procedure of the other character set the platform
-// gives a handle instead, which only CallWindowProcW can make something of.
-bool savedListProcIsAddress = false;
 
 constexpr StylePair kStyles[] = {
     {QVLS_SHOWSELALWAYS, LVS_SHOWSELALWAYS},
@@ -37,18 +34,33 @@ DWORD ListStyle(std::uint32_t flags) {
          TranslateStyle(flags, kListStyles);
 }
 
+// The procedure of the window's class.
+WNDPROC ClassProc(HWND window) {
+  return reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
+}
+
+// Finds the view through the parent window, because the control's user data is the host's. Null if
+// the host has moved the control to another parent.
+QVLListView* ViewOf(HWND control) {
+  const HWND parent = GetParent(control);
+  if (ClassProc(parent) != ListParentWindowProc) return nullptr;
+  return reinterpret_cast<QVLListView*>(GetWindowLongPtrW(parent, GWLP_USERDATA));
+}
+
 }  // namespace
+
+LRESULT CALLBACK ListParentWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  return HandleParentMessage<QVLListView>(window, message, wParam, lParam);
+}
 
 QVLListView::~QVLListView() { Destroy(); }
 
 HWND QVLListView::Create(HWND parent, int id, int x, int y, int width, int height,
                          std::uint32_t style, QVLTreeViewStyleExt* styleExt) {
-  parentWindow = CreateViewParent(TEXT("QVLListViewParent"), ListParentWindowProc, parent, x, y,
-                                  width, height);
-  if (!parentWindow) return nullptr;
-  SetWindowLongPtrW(parentWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  styleFlags = style;
-  controlId = id;
+  if (!CreateParent(TEXT("QVLListViewParent"), ListParentWindowProc, parent, id, x, y, width,
+                    height, style)) {
+    return nullptr;
+  }
   if (!CreateControl(width, height, styleExt)) return nullptr;
   LifeWatch alive(life);
   MakeColumns();
@@ -64,35 +76,38 @@ bool QVLListView::CreateControl(int width, int height, QVLTreeViewStyleExt* styl
     exStyle |= styleExt->GetStyleEx();
     listStyle |= styleExt->GetStyleExCtrl();
   }
-  controlWindow =
-      CreateViewControl(WC_LISTVIEWW, style, exStyle, parentWindow, controlId, width, height);
-  if (!controlWindow) return false;
-  SubclassControl();
-  list::SetExtendedStyle(controlWindow, listStyle);
-  // The control shares its image lists, so it does not free this one either.
+  if (!CreateNativeControl(WC_LISTVIEWW, style, exStyle, width, height)) return false;
+  ObserveRedraw();
+  ListControl::SetExtendedStyle(controlWindow, listStyle);
+  // The control shares its image lists, so it does not free these either.
   if (listStyle & LVS_EX_CHECKBOXES) {
-    checkBoxImages.Own(list::ImageList(controlWindow, LVSIL_STATE));
+    checkBoxImages.NoteMade(ListControl::ImageList(controlWindow, LVSIL_STATE));
   }
   return true;
 }
 
-// The subclass procedure finds the view through the user data, so that comes first.
-void QVLListView::SubclassControl() {
-  SetWindowLongPtrW(controlWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  savedListProcIsAddress = IsWindowUnicode(controlWindow);
-  ReplaceControlProc(controlWindow, ListControlSubclassProc, savedListProc);
+// Replaces the control's procedure only if it is the class procedure, and the same as that of the
+// other list controls, so that the one saved value is right for all. For a class of the other
+// character set the platform returns a handle that cannot be called directly.
+void QVLListView::ObserveRedraw() {
+  const WNDPROC own = ClassProc(controlWindow);
+  const LONG_PTR current = GetWindowLongPtrW(controlWindow, GWLP_WNDPROC);
+  if (!own || current != reinterpret_cast<LONG_PTR>(own) || !IsWindowUnicode(controlWindow)) return;
+  if (savedListProc && savedListProc != own) return;
+  savedListProc = own;
+  if (SetWindowLongPtrW(controlWindow, GWLP_WNDPROC,
+                        reinterpret_cast<LONG_PTR>(ListControlSubclassProc))) {
+    redraw.Observe();
+  }
 }
 
-// Notes what the host asks of the control's drawing, and changes nothing. Every message passes, so
-// the view is looked up for that one alone, and the way on is the shortest that there is:
-// CallWindowProcW alone would cost a question to the control a third of its time.
+// Notes WM_SETREDRAW and passes every message on. It calls the saved procedure directly, because
+// CallWindowProcW would take a third of the time of a query.
 LRESULT CALLBACK ListControlSubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_SETREDRAW) {
-    auto* view = reinterpret_cast<QVLListView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (view) view->redraw.NoteRequest(wParam != 0);
+    if (QVLListView* view = ViewOf(window)) view->redraw.NoteRequest(wParam != 0);
   }
-  return savedListProcIsAddress ? savedListProc(window, message, wParam, lParam)
-                                : CallWindowProcW(savedListProc, window, message, wParam, lParam);
+  return savedListProc(window, message, wParam, lParam);
 }
 
 RECT QVLListView::ControlRect() const {
@@ -101,14 +116,14 @@ RECT QVLListView::ControlRect() const {
   return rect;
 }
 
-// The client may make the columns itself; otherwise there is one without a title, as wide as the
-// control.
+// The client may make the columns. Otherwise there is one without a title, as wide as the control.
 void QVLListView::MakeColumns() {
   LifeWatch alive(life);
-  RECT rect = ControlRect();
+  const RECT rect = ControlRect();
   clientColumns = false;
   if (client) {
-    const bool made = client->OnCreateColumns(owner, controlWindow, &rect);
+    RECT clientRect = rect;  // a copy, which the client may change
+    const bool made = client->OnCreateColumns(owner, controlWindow, &clientRect);
     if (!alive) return;
     clientColumns = made;
   }
@@ -117,33 +132,25 @@ void QVLListView::MakeColumns() {
   column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_SUBITEM;
   column.fmt = LVCFMT_LEFT;
   column.cx = rect.right - rect.left;
-  list::InsertColumn(controlWindow, 1, column);
+  ListControl::InsertColumn(controlWindow, 1, column);
 }
 
 void QVLListView::Destroy() {
-  if (!EndViewWindows(life, controlWindow, parentWindow)) return;
+  FreeCheckBoxImages();
+  if (!DestroyWindows(ControlData::kOfHost)) return;
   client = nullptr;
   nextRow = 0;
   usingSystemImages = false;
   multiSelect = false;
   clientColumns = false;
-  checkBoxImages.Free();
 }
-
-HWND QVLListView::GetControlWindow() { return controlWindow; }
-
-void QVLListView::SetClient(IQVLTreeViewClient* newClient) { client = newClient; }
-
-void QVLListView::SetMultiSelect(bool enabled) { multiSelect = enabled; }
-
-bool QVLListView::GetMultiSelect() { return multiSelect; }
 
 bool QVLListView::Move(int x, int y, int width, int height) {
   if (!controlWindow) return false;
-  MoveViewWindows(parentWindow, controlWindow, x, y, width, height);
+  MoveWindows(x, y, width, height);
   if (!clientColumns) {
     const RECT rect = ControlRect();
-    list::SetColumnWidth(controlWindow, 0, rect.right - rect.left);
+    ListControl::SetColumnWidth(controlWindow, 0, rect.right - rect.left);
   }
   return true;
 }

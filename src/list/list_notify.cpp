@@ -1,29 +1,20 @@
-// What the control and the shell's menu report to the parent window, and what becomes of it.
+// Handles the notifications that the list control sends to the parent window.
+#include "common/selection_bracket.h"
 #include "list/list_view.h"
 #include "platform/list_control.h"
-#include "shell/selection_flows.h"
-#include "view/notification.h"
-#include "view/parent_proc.h"
-#include "view/requests.h"
-#include "view/selection_bracket.h"
+#include "platform/notification.h"
 
-LRESULT CALLBACK ListParentWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  return ViewParent::Handle<QVLListView>(window, message, wParam, lParam);
-}
-
-LRESULT QVLListView::HandleNotify(HWND window, WPARAM wParam, LPARAM lParam) {
+LRESULT QVLListView::HandleNotification(HWND window, WPARAM wParam, LPARAM lParam) {
   NMHDR& header = *reinterpret_cast<NMHDR*>(lParam);
   if (client) {
     const UINT code = header.code;
-    if (code == LVN_BEGINLABELEDITW || code == LVN_ENDLABELEDITW) {
-      return RequestLabelEdit(owner, client, header);
-    }
-    HandleReport(header);
+    if (code == LVN_BEGINLABELEDITW || code == LVN_ENDLABELEDITW) return RequestLabelEdit(header);
+    HandleOwnNotification(header);
   }
   return DefWindowProcW(window, WM_NOTIFY, wParam, lParam);
 }
 
-void QVLListView::HandleReport(NMHDR& header) {
+void QVLListView::HandleOwnNotification(NMHDR& header) {
   switch (header.code) {
     case LVN_GETINFOTIPW:
       if (ComesFrom(header, controlId)) HandleInfoTip(As<NMLVGETINFOTIPW>(header));
@@ -42,30 +33,22 @@ void QVLListView::HandleReport(NMHDR& header) {
   }
 }
 
-// Whatever changed about the row: a change of focus, box or text is reported like one of the
-// selection.
+// A change of focus, check box or text is reported like a change of the selection.
 void QVLListView::HandleItemChanged(ItemHandle row) {
-  SelectionBracket bracket(owner, client, life);
-  if (bracket.IsHeard()) client->OnItemSelectionChanged(owner, row);
+  SelectionBracket bracket(*this);
+  if (bracket) Report(row);
 }
 
 void QVLListView::HandleInfoTip(NMLVGETINFOTIPW& record) {
-  RequestInfoTip(*this, owner, client, life, record.iItem, record.pszText, record.cchTextMax);
+  RequestInfoTip(record.iItem, record.pszText, record.cchTextMax);
 }
 
 bool QVLListView::HandleBeginDrag(ItemHandle dragged) {
   if (!client) return false;
   LifeWatch alive(life);
-  const int row = list::Row(dragged);
-  if (!list::IsSelected(controlWindow, row)) list::Select(controlWindow, row, true);
+  const int row = ListControl::Named(dragged);
+  if (!ListControl::IsSelected(controlWindow, row)) ListControl::Select(controlWindow, row, true);
   if (!alive || !client) return false;
   ItemHandleList items;
-  return CollectSelected(items) && DragSelection(this, owner, client, life, items);
-}
-
-bool QVLListView::ShowContextMenu(int x, int y) {
-  if (!client) return false;
-  ItemHandleList items;
-  return controlWindow && CollectSelected(items) &&
-         ShowSelectionMenu(owner, client, life, parentWindow, x, y, items, activeContextMenu);
+  return CollectSelected(items) && DragSelection(items);
 }

@@ -1,16 +1,16 @@
-// The rows for a loop whose body calls out.
+// The rows of a list, for a loop whose body calls the client.
 #pragma once
 
+#include "core/life_watch.h"
 #include "platform/list_control.h"
-#include "view/life_watch.h"
 
 #include <iterator>
 
-// All rows from the top down, as many as there are when the walk begins. It ends early when the
-// view ends.
+// All rows from top to bottom, as many as there are when the walk begins. The walk ends early if
+// the view ends.
 class RowWalk {
  public:
-  RowWalk(HWND control, ViewLife& life) : alive(life), count(list::ItemCount(control)) {}
+  RowWalk(HWND control, ViewLife& life) : alive(life), count(ListControl::ItemCount(control)) {}
 
   class Iterator {
    public:

@@ -7,7 +7,7 @@
 namespace activated {
 namespace {
 
-// The shape of every call here.
+// Runs one call in the library's context.
 template <typename Result, typename Call>
 Result InLibraryContext(Result failure, Call call) {
   activation::LastErrorOfFailure lastError;
@@ -22,7 +22,7 @@ Result InLibraryContext(Result failure, Call call) {
 template <typename Signature>
 class LookedUp;
 
-// One function of the common controls, looked up until it is found and never again.
+// One function of the common controls, looked up until it is found.
 template <typename Result, typename... Arguments>
 class LookedUp<Result(Arguments...)> {
  public:

@@ -1,14 +1,14 @@
-// The platform calls that must run inside the library's activation context, so that window classes
-// and the common controls are resolved there: the two that make windows and window classes, and
-// the image-list functions.
+// Platform calls that run inside the library's activation context, so that window classes and the
+// common controls are resolved there: the two calls that create windows and window classes, and the
+// image list functions.
 //
-// Each takes the arguments and gives the result of the platform function of its name. One that
-// can't call that function at all gives the value by which the function itself tells a failure,
-// and the last error is then the one of the step that failed. After a failure of the function
-// itself the last error is the function's own. No context stays active across a return.
+// Each function has the arguments and the result of the platform function of its name. If that
+// function cannot be called, the result is its failure value, and the last error is that of the
+// step that failed. If the function itself fails, the last error is the function's. No context
+// stays active after the return.
 //
-// The image-list functions are not imported but looked up in the common controls module, each at
-// its first call that finds it.
+// The image list functions are not imported. Each is looked up in the common controls module until
+// it is found.
 #pragma once
 
 #include <windows.h>

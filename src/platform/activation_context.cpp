@@ -6,27 +6,27 @@
 namespace activation {
 namespace {
 
-// Not the number of the manifest in the library's own image: that one only states the execution
-// level, so the usual outcome is that there is no manifest of this number and the null context.
-constexpr WORD MANIFEST_NUMBER = 3;
-constexpr DWORD PATH_CAPACITY = 261;
-constexpr const WCHAR* COMMON_CONTROLS = TEXT("Comctl32.dll");
+// The library's own manifest has number 2 and only states the execution level. So there is usually
+// no manifest of this number, and the context is null.
+constexpr WORD kManifestNumber = 3;
+constexpr DWORD kPathCapacity = 261;
+constexpr const WCHAR* kCommonControls = TEXT("Comctl32.dll");
 
-// INVALID_HANDLE_VALUE until settled. Null is a settled value: the default context applies.
+// INVALID_HANDLE_VALUE until determined. Null means the default context.
 HANDLE activationContext = INVALID_HANDLE_VALUE;
 HMODULE commonControlsModule = nullptr;
 
-// Any address inside this module names the module.
+// Any address inside this module identifies the module.
 LPCWSTR AddressInModule() { return reinterpret_cast<LPCWSTR>(&activationContext); }
 
 bool MeansNoManifest(DWORD error) {
-  constexpr DWORD TOLERATED[] = {ERROR_FILE_NOT_FOUND,          ERROR_PATH_NOT_FOUND,
-                                 ERROR_RESOURCE_DATA_NOT_FOUND, ERROR_RESOURCE_TYPE_NOT_FOUND,
-                                 ERROR_RESOURCE_NAME_NOT_FOUND, ERROR_RESOURCE_LANG_NOT_FOUND};
-  return std::find(std::begin(TOLERATED), std::end(TOLERATED), error) != std::end(TOLERATED);
+  constexpr DWORD kTolerated[] = {ERROR_FILE_NOT_FOUND,          ERROR_PATH_NOT_FOUND,
+                                  ERROR_RESOURCE_DATA_NOT_FOUND, ERROR_RESOURCE_TYPE_NOT_FOUND,
+                                  ERROR_RESOURCE_NAME_NOT_FOUND, ERROR_RESOURCE_LANG_NOT_FOUND};
+  return std::find(std::begin(kTolerated), std::end(kTolerated), error) != std::end(kTolerated);
 }
 
-// Asks for the context that the platform made for this module itself; null if it made none.
+// Gets the context that the platform has for this module; null if it has none.
 bool QueryModuleContext(HANDLE* context) {
   ACTIVATION_CONTEXT_BASIC_INFORMATION information = {};
   if (!QueryActCtxW(QUERY_ACTCTX_FLAG_NO_ADDREF | QUERY_ACTCTX_FLAG_ACTCTX_IS_ADDRESS,
@@ -38,17 +38,17 @@ bool QueryModuleContext(HANDLE* context) {
   return true;
 }
 
-// A path that fills the buffer may have been cut, so it counts as too long.
-bool ReadModulePath(HMODULE module, WCHAR (&path)[PATH_CAPACITY]) {
-  const DWORD length = GetModuleFileNameW(module, path, PATH_CAPACITY);
-  if (length >= PATH_CAPACITY) {
+// A path that fills the buffer may be truncated, so it counts as too long.
+bool ReadModulePath(HMODULE module, WCHAR (&path)[kPathCapacity]) {
+  const DWORD length = GetModuleFileNameW(module, path, kPathCapacity);
+  if (length >= kPathCapacity) {
     SetLastError(ERROR_BUFFER_OVERFLOW);
     return false;
   }
   return length != 0;
 }
 
-// Makes a context from the module's manifest; null if the module brings none.
+// Creates a context from the module's manifest; null if the module has no such manifest.
 bool CreateModuleContext(HANDLE* context) {
   HMODULE module = nullptr;
   if (!GetModuleHandleExW(
@@ -56,14 +56,14 @@ bool CreateModuleContext(HANDLE* context) {
           AddressInModule(), &module)) {
     return false;
   }
-  WCHAR path[PATH_CAPACITY] = {};
+  WCHAR path[kPathCapacity] = {};
   if (!ReadModulePath(module, path)) return false;
 
   ACTCTXW description = {};
   description.cbSize = sizeof(description);
   description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
   description.lpSource = path;
-  description.lpResourceName = MAKEINTRESOURCEW(MANIFEST_NUMBER);
+  description.lpResourceName = MAKEINTRESOURCEW(kManifestNumber);
   description.hModule = module;
   *context = CreateActCtxW(&description);
   if (*context != INVALID_HANDLE_VALUE) return true;
@@ -72,21 +72,21 @@ bool CreateModuleContext(HANDLE* context) {
   return MeansNoManifest(GetLastError());
 }
 
-// Loads the common controls that the context redirects to, if it redirects them, so that they are
-// there for window classes made in it. The module stays loaded; its handle is not needed here.
+// If the context redirects the common controls, loads them, so that window classes of this context
+// exist. The module stays loaded; its handle is not needed here.
 void KeepCommonControlsResident() {
   const LibraryContext context;
   if (!context.IsActive()) return;
   ACTCTX_SECTION_KEYED_DATA entry = {};
   entry.cbSize = sizeof(entry);
   if (FindActCtxSectionStringW(0, nullptr, ACTIVATION_CONTEXT_SECTION_DLL_REDIRECTION,
-                               COMMON_CONTROLS, &entry)) {
-    LoadLibraryW(COMMON_CONTROLS);
+                               kCommonControls, &entry)) {
+    LoadLibraryW(kCommonControls);
   }
 }
 
 HMODULE CommonControls() {
-  if (!commonControlsModule) commonControlsModule = LoadLibraryW(COMMON_CONTROLS);
+  if (!commonControlsModule) commonControlsModule = LoadLibraryW(kCommonControls);
   return commonControlsModule;
 }
 

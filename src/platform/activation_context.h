@@ -1,26 +1,25 @@
-// The library's own activation context, and the common controls as that context resolves them.
+// The library's activation context, and the common controls module that this context selects.
 //
-// The context is settled at the first use in the process, the module is loaded at the first
-// lookup, and neither is ever released. Nothing here is locked: everything runs on the thread that
-// owns the windows, as the views do.
+// The context is determined at the first use in the process, and the module is loaded at the first
+// lookup. Neither is ever released. Nothing is locked: all calls come from the views' thread.
 #pragma once
 
 #include <windows.h>
 
 namespace activation {
 
-// Settles the library's context. False means that it can't be settled now; the last error tells
-// why, and the next call tries again.
+// Determines the library's context. False means that it cannot be determined now. The last error
+// tells why, and the next call tries again.
 bool EnsureActivationContext();
 
-// Settles the library's context and activates it. After true the caller owes a deactivation.
+// Determines and activates the library's context. After true the caller must deactivate it.
 bool ActivateLibraryContext(ULONG_PTR* cookie);
 
-// Finds a function of the common controls, with the library's context active during the search.
-// Null with the last error of the step that failed.
+// Looks up a function of the common controls with the library's context active. Null on failure,
+// with the last error of the step that failed.
 FARPROC GetCommonControlsProc(const char* name);
 
-// The library's context is active from construction to destruction, if it could be activated.
+// Activates the library's context, if possible, and deactivates it in the destructor.
 class LibraryContext {
  public:
   LibraryContext() : active(ActivateLibraryContext(&cookie)) {}
@@ -35,8 +34,8 @@ class LibraryContext {
   bool active;
 };
 
-// Carries the last error past the calls that clean up after a failure. Stands before the objects
-// that clean up, so that it ends after them and has the last word.
+// Restores the last error of a failed call after the calls that clean up. Declare it first:
+// destroyed last, it restores the error.
 class LastErrorOfFailure {
  public:
   LastErrorOfFailure() = default;
@@ -44,7 +43,7 @@ class LastErrorOfFailure {
   LastErrorOfFailure(const LastErrorOfFailure&) = delete;
   LastErrorOfFailure& operator=(const LastErrorOfFailure&) = delete;
 
-  // Reads the last error, to be set again at the end of this object.
+  // Reads the last error. The destructor sets it again.
   void Keep();
 
  private:

@@ -1,4 +1,4 @@
-// Owner of one reference to an interface.
+// Owner of one reference to a COM interface.
 #pragma once
 
 #include <memory>

@@ -1,5 +1,7 @@
-// Messages to a native list control, in the platform's own words.
+// Messages to a native list control, with typed arguments and results.
 #pragma once
+
+#include "platform/state_images.h"
 
 #include <windows.h>
 
@@ -9,91 +11,164 @@
 #include <cstdint>
 #include <iterator>
 
-namespace list {
+struct ListControl {
+  static constexpr int kNoRow = -1;
 
-constexpr int kNoRow = -1;
+  // Kinds of image lists.
+  static constexpr WPARAM kItemImages = LVSIL_SMALL;
+  static constexpr WPARAM kStateImages = LVSIL_STATE;
 
-// State images: 0 shows no box.
-constexpr UINT kStateImageShift = 12;
-constexpr UINT kEmptyBox = 1;
-constexpr UINT kTickedBox = 2;
+  class Rows;
 
-// The row that a handle names. A handle that no row can have names none, so that it never comes to
-// mean all rows to the control.
-inline int Row(std::int64_t handle) {
-  const auto row = static_cast<int>(handle);
-  return row == handle ? row : kNoRow;
-}
+  // The row that an ItemHandle names. A number that no row can have names none, because the control
+  // would take some of those for all rows.
+  static int Named(std::int64_t handle) {
+    const auto row = static_cast<int>(handle);
+    return row == handle ? row : kNoRow;
+  }
 
-inline int InsertItem(HWND control, LVITEMW& item) {
-  return static_cast<int>(
-      SendMessageW(control, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
-}
+  static int InsertItem(HWND control, LVITEMW& item) {
+    return static_cast<int>(
+        SendMessageW(control, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+  }
 
-inline bool SetItem(HWND control, LVITEMW& item) {
-  return SendMessageW(control, LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item)) != 0;
-}
+  static bool SetItem(HWND control, LVITEMW& item) {
+    return SendMessageW(control, LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item)) != 0;
+  }
 
-inline bool GetItem(HWND control, LVITEMW& item) {
-  return SendMessageW(control, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) != 0;
-}
+  static bool GetItem(HWND control, LVITEMW& item) {
+    return SendMessageW(control, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) != 0;
+  }
 
-inline bool DeleteItem(HWND control, int row) {
-  return SendMessageW(control, LVM_DELETEITEM, static_cast<WPARAM>(row), 0) != 0;
-}
+  static bool DeleteItem(HWND control, int row) {
+    return SendMessageW(control, LVM_DELETEITEM, static_cast<WPARAM>(row), 0) != 0;
+  }
 
-inline void DeleteAllItems(HWND control) { SendMessageW(control, LVM_DELETEALLITEMS, 0, 0); }
+  static void DeleteAllItems(HWND control) { SendMessageW(control, LVM_DELETEALLITEMS, 0, 0); }
 
-inline int ItemCount(HWND control) {
-  return static_cast<int>(SendMessageW(control, LVM_GETITEMCOUNT, 0, 0));
-}
+  static int ItemCount(HWND control) {
+    return static_cast<int>(SendMessageW(control, LVM_GETITEMCOUNT, 0, 0));
+  }
 
-inline int SelectedCount(HWND control) {
-  return static_cast<int>(SendMessageW(control, LVM_GETSELECTEDCOUNT, 0, 0));
-}
+  static int SelectedCount(HWND control) {
+    return static_cast<int>(SendMessageW(control, LVM_GETSELECTEDCOUNT, 0, 0));
+  }
 
-inline UINT ItemState(HWND control, int row, UINT mask) {
-  return static_cast<UINT>(SendMessageW(control, LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask));
-}
+  static UINT ItemState(HWND control, int row, UINT mask) {
+    return static_cast<UINT>(
+        SendMessageW(control, LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask));
+  }
 
-// The control reports every change of a row to its parent, during the call.
-inline void SetItemState(HWND control, int row, UINT state, UINT mask) {
-  LVITEMW change{};
-  change.state = state;
-  change.stateMask = mask;
-  SendMessageW(control, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-               reinterpret_cast<LPARAM>(&change));
-}
+  // The control sends a notification for every change, during the call.
+  static void SetItemState(HWND control, int row, UINT state, UINT mask) {
+    LVITEMW change{};
+    change.state = state;
+    change.stateMask = mask;
+    SendMessageW(control, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&change));
+  }
 
-inline bool IsSelected(HWND control, int row) {
-  return (ItemState(control, row, LVIS_SELECTED) & LVIS_SELECTED) != 0;
-}
+  static bool IsSelected(HWND control, int row) {
+    return (ItemState(control, row, LVIS_SELECTED) & LVIS_SELECTED) != 0;
+  }
 
-inline void Select(HWND control, int row, bool selected) {
-  SetItemState(control, row, selected ? LVIS_SELECTED : 0, LVIS_SELECTED);
-}
+  static void Select(HWND control, int row, bool selected) {
+    SetItemState(control, row, selected ? LVIS_SELECTED : 0, LVIS_SELECTED);
+  }
 
-inline UINT StateImage(HWND control, int row) {
-  return ItemState(control, row, LVIS_STATEIMAGEMASK) >> kStateImageShift;
-}
+  static UINT StateImage(HWND control, int row) {
+    return ItemState(control, row, LVIS_STATEIMAGEMASK) >> kStateImageShift;
+  }
 
-inline void SetStateImage(HWND control, int row, UINT image) {
-  SetItemState(control, row, image << kStateImageShift, LVIS_STATEIMAGEMASK);
-}
+  static void SetStateImage(HWND control, int row, UINT image) {
+    SetItemState(control, row, image << kStateImageShift, LVIS_STATEIMAGEMASK);
+  }
 
-// The tests that walks ask of each row.
-inline auto SelectedIn(HWND control) {
-  return [control](std::int64_t row) { return IsSelected(control, static_cast<int>(row)); };
-}
+  // Tests of a row, for walks.
+  static auto SelectedIn(HWND control) {
+    return [control](std::int64_t row) { return IsSelected(control, static_cast<int>(row)); };
+  }
+  static auto CheckedIn(HWND control) {
+    return [control](std::int64_t row) {
+      return StateImage(control, static_cast<int>(row)) == kCheckedBox;
+    };
+  }
 
-inline auto TickedIn(HWND control) {
-  return [control](std::int64_t row) {
-    return StateImage(control, static_cast<int>(row)) == kTickedBox;
-  };
-}
+  // `hit` has the point in client coordinates and receives the platform's hit flags.
+  static int HitTest(HWND control, LVHITTESTINFO& hit) {
+    return static_cast<int>(SendMessageW(control, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+  }
 
-// All rows from the top down, as many as there are when the walk begins.
-class Rows {
+  static void Update(HWND control, int row) {
+    SendMessageW(control, LVM_UPDATE, static_cast<WPARAM>(row), 0);
+  }
+
+  // Scrolls until the whole row is in view.
+  static void EnsureVisible(HWND control, int row) {
+    SendMessageW(control, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), 0);
+  }
+
+  static void Scroll(HWND control, int dx, int dy) {
+    SendMessageW(control, LVM_SCROLL, static_cast<WPARAM>(dx), dy);
+  }
+
+  static int TopRow(HWND control) {
+    return static_cast<int>(SendMessageW(control, LVM_GETTOPINDEX, 0, 0));
+  }
+
+  // The row's bounds in client coordinates, empty if there is no such row.
+  static RECT RowBounds(HWND control, int row) {
+    RECT bounds{};
+    bounds.left = LVIR_BOUNDS;
+    SendMessageW(control, LVM_GETITEMRECT, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&bounds));
+    return bounds;
+  }
+
+  static void SetExtendedStyle(HWND control, DWORD style) {
+    SendMessageW(control, LVM_SETEXTENDEDLISTVIEWSTYLE, style, static_cast<LPARAM>(style));
+  }
+
+  static void InsertColumn(HWND control, int index, LVCOLUMNW& column) {
+    SendMessageW(control, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&column));
+  }
+
+  // The width in pixels; only its low 16 bits are used.
+  static void SetColumnWidth(HWND control, int index, int width) {
+    SendMessageW(control, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(index), width & 0xFFFF);
+  }
+
+  // Returns the list that was set before.
+  static HIMAGELIST SetImageList(HWND control, WPARAM kind, HIMAGELIST images) {
+    return reinterpret_cast<HIMAGELIST>(
+        SendMessageW(control, LVM_SETIMAGELIST, kind, reinterpret_cast<LPARAM>(images)));
+  }
+
+  static HIMAGELIST ImageList(HWND control, WPARAM kind) {
+    return reinterpret_cast<HIMAGELIST>(SendMessageW(control, LVM_GETIMAGELIST, kind, 0));
+  }
+
+  // Sets the background of the control and of its text.
+  static void SetBkColor(HWND control, COLORREF color) {
+    SendMessageW(control, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));
+    SendMessageW(control, LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(color));
+  }
+
+  static void SetTextColor(HWND control, COLORREF color) {
+    SendMessageW(control, LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(color));
+  }
+
+  static HWND ToolTip(HWND control) {
+    return reinterpret_cast<HWND>(SendMessageW(control, LVM_GETTOOLTIPS, 0, 0));
+  }
+
+  // The items that queries and whole-view operations cover.
+  static Rows Items(HWND control);
+};
+
+// All rows from top to bottom, as many as there are when the walk begins.
+class ListControl::Rows {
  public:
   class Iterator {
    public:
@@ -123,71 +198,4 @@ class Rows {
   int count;
 };
 
-// `hit` holds the point in client coordinates and receives the platform's hit flags.
-inline int HitTest(HWND control, LVHITTESTINFO& hit) {
-  return static_cast<int>(SendMessageW(control, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
-}
-
-inline void Update(HWND control, int row) {
-  SendMessageW(control, LVM_UPDATE, static_cast<WPARAM>(row), 0);
-}
-
-// Scrolls until the row is wholly in view.
-inline void EnsureVisible(HWND control, int row) {
-  SendMessageW(control, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), 0);
-}
-
-inline void Scroll(HWND control, int dx, int dy) {
-  SendMessageW(control, LVM_SCROLL, static_cast<WPARAM>(dx), dy);
-}
-
-inline int TopRow(HWND control) {
-  return static_cast<int>(SendMessageW(control, LVM_GETTOPINDEX, 0, 0));
-}
-
-// The row's bounds in client coordinates, empty if there is no such row.
-inline RECT RowBounds(HWND control, int row) {
-  RECT bounds{};
-  bounds.left = LVIR_BOUNDS;
-  SendMessageW(control, LVM_GETITEMRECT, static_cast<WPARAM>(row),
-               reinterpret_cast<LPARAM>(&bounds));
-  return bounds;
-}
-
-inline void SetExtendedStyle(HWND control, DWORD style) {
-  SendMessageW(control, LVM_SETEXTENDEDLISTVIEWSTYLE, style, static_cast<LPARAM>(style));
-}
-
-inline void InsertColumn(HWND control, int index, LVCOLUMNW& column) {
-  SendMessageW(control, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
-               reinterpret_cast<LPARAM>(&column));
-}
-
-// The width in pixels; its low 16 bits count.
-inline void SetColumnWidth(HWND control, int index, int width) {
-  SendMessageW(control, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(index), width & 0xFFFF);
-}
-
-inline void SetImageList(HWND control, WPARAM kind, HIMAGELIST images) {
-  SendMessageW(control, LVM_SETIMAGELIST, kind, reinterpret_cast<LPARAM>(images));
-}
-
-inline HIMAGELIST ImageList(HWND control, WPARAM kind) {
-  return reinterpret_cast<HIMAGELIST>(SendMessageW(control, LVM_GETIMAGELIST, kind, 0));
-}
-
-// The background of the control and of its text.
-inline void SetBkColor(HWND control, COLORREF color) {
-  SendMessageW(control, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));
-  SendMessageW(control, LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(color));
-}
-
-inline void SetTextColor(HWND control, COLORREF color) {
-  SendMessageW(control, LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(color));
-}
-
-inline HWND ToolTip(HWND control) {
-  return reinterpret_cast<HWND>(SendMessageW(control, LVM_GETTOOLTIPS, 0, 0));
-}
-
-}  // namespace list
+inline ListControl::Rows ListControl::Items(HWND control) { return Rows(control); }

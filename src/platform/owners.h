@@ -1,4 +1,4 @@
-// Owners of what the platform hands out to be given back: each releases what it holds once.
+// Owners of platform resources. Each releases its resource once.
 #pragma once
 
 #include <windows.h>
@@ -19,7 +19,7 @@ struct GlobalFreer {
 };
 using GlobalBlock = std::unique_ptr<HGLOBAL, GlobalFreer>;
 
-// Keeps a block of global memory locked. Data() is null if the lock failed.
+// Locks a block of global memory. Data() is null if the lock failed.
 class GlobalLocker {
  public:
   explicit GlobalLocker(HGLOBAL locked) : block(locked), data(GlobalLock(locked)) {}
@@ -36,7 +36,7 @@ class GlobalLocker {
   void* data;
 };
 
-// Memory of the task allocator, which has to outlive it.
+// Memory of the task allocator, which must outlive it.
 struct TaskFreer {
   IMalloc* allocator = nullptr;
   void operator()(void* memory) const { allocator->Free(memory); }

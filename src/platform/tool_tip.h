@@ -1,4 +1,4 @@
-// Messages to a tool tip window; a null window is passed over.
+// Messages to a tool tip window. A null window is ignored.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@ inline void SetMaxWidth(HWND tip, int width) {
   if (tip) SendMessageW(tip, TTM_SETMAXTIPWIDTH, 0, width);
 }
 
-// The delay in milliseconds until the tip shows; its low 16 bits count.
+// The time in milliseconds until the tip shows; only its low 16 bits are used.
 inline void SetInitialDelay(HWND tip, int delay) {
   if (tip) SendMessageW(tip, TTM_SETDELAYTIME, TTDT_INITIAL, delay & 0xFFFF);
 }

@@ -8,7 +8,7 @@ namespace {
 
 using IdSize = USHORT;
 
-// Length in bytes up to the terminator, a size of 0.
+// Length in bytes up to the terminator, which is a size of 0.
 std::size_t LengthOf(const BYTE* id) {
   std::size_t length = 0;
   for (IdSize size = 0;; length += size) {

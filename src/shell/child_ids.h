@@ -1,4 +1,4 @@
-// The ids under which a folder of the shell knows the files of one menu.
+// The ids by which a shell folder knows the files of one menu.
 #pragma once
 
 #include "platform/owners.h"
@@ -7,8 +7,8 @@
 
 #include <cstddef>
 
-// An array of child ids, the array in the task allocator's memory, each id a copy of its own.
-// Freed with the object, the copies before the array; the allocator has to outlive it.
+// An array of copies of child ids. The array is memory of the task allocator, which must outlive
+// this object. The destructor frees the copies, then the array.
 class ChildIds {
  public:
   ChildIds() = default;
@@ -16,16 +16,15 @@ class ChildIds {
   ChildIds& operator=(const ChildIds&) = delete;
   ~ChildIds() { Free(); }
 
-  // Makes room for `count` ids, all null. False without memory.
+  // Allocates `count` ids, all null. False without memory.
   bool Allocate(IMalloc& allocator, std::size_t count);
   void Free();
 
-  // Stores a terminated copy of `id`, up to its terminator; a null id gives an empty one. The
-  // entry stays null without memory.
+  // Stores a terminated copy of `id`; null stores an empty id. Without memory the entry stays null.
   void SetCopy(std::size_t index, LPCITEMIDLIST id);
 
   std::size_t Count() const { return count; }
-  // The array in the form that the shell takes.
+  // The array as the shell takes it.
   LPCITEMIDLIST* Data() const { return ids.get(); }
 
  private:

@@ -3,6 +3,8 @@
 #include "platform/owners.h"
 #include "vornutil.h"
 
+#include <memory>
+#include <new>
 #include <string>
 
 namespace {
@@ -10,13 +12,13 @@ namespace {
 using VornSDK::Util::WStr;
 using IdList = TaskMemory<ITEMIDLIST>;
 
-constexpr UINT FIRST_COMMAND = 1;
-constexpr UINT LAST_COMMAND = 0x7FFF;
+constexpr UINT kFirstCommand = 1;
+constexpr UINT kLastCommand = 0x7FFF;
 
-// What one run takes from the shell, released from the last field to the first.
+// What one run acquires from the shell. Released from the last field to the first.
 struct ShellRun {
-  // Holds the name that is being parsed: the shell wants one that it may write to.
-  WStr name;
+  // The name that is being parsed: the shell needs a text that it may write to.
+  std::unique_ptr<WStr> name;
   ComPtr<IMalloc> allocator;
   ChildIds ids;
   ComPtr<IShellFolder> desktop;
@@ -35,18 +37,17 @@ ComPtr<IShellFolder> TakeDesktop() {
   return ComPtr<IShellFolder>(desktop);
 }
 
-// The id list of a name, null if the shell does not know it or there is no memory to ask.
-IdList Parse(ShellRun& run, const std::basic_string<WCHAR>& fileName) {
-  run.name = WStr::FromVCHAR(fileName.c_str(), -1);
+// Parses the run's name. Null if the shell does not know it, or without memory.
+IdList Parse(ShellRun& run) {
   LPITEMIDLIST id = nullptr;
-  if (WCHAR* text = run.name.dataForWrite(-1)) {
+  if (WCHAR* text = run.name->dataForWrite(-1)) {
     run.desktop->ParseDisplayName(nullptr, nullptr, text, nullptr, &id, nullptr);
   }
   return IdList(id, TaskFreer{run.allocator.get()});
 }
 
-// The folder that holds `id`; `lastId`, if asked for, points into `id`. The platform answers a
-// null id with null for both.
+// Gets the folder of `id`. `lastId` may be null; otherwise it gets a pointer into `id`. For a null
+// id the platform returns null for both.
 ComPtr<IShellFolder> ParentOf(const IdList& id, LPCITEMIDLIST* lastId) {
   IShellFolder* folder = nullptr;
   SHBindToParent(id.get(), IID_IShellFolder, reinterpret_cast<void**>(&folder), lastId);
@@ -54,24 +55,26 @@ ComPtr<IShellFolder> ParentOf(const IdList& id, LPCITEMIDLIST* lastId) {
 }
 
 void AddChildId(ShellRun& run, std::size_t index, const std::basic_string<WCHAR>& fileName) {
-  // Declared first: the folder is released after the id list.
+  // Declared first, because the folder is released after the id list.
   ComPtr<IShellFolder> folder;
-  const IdList id = Parse(run, fileName);
+  *run.name = WStr::FromVCHAR(fileName.c_str(), -1);
+  const IdList id = Parse(run);
   LPCITEMIDLIST lastId = nullptr;
   folder = ParentOf(id, &lastId);
   run.ids.SetCopy(index, lastId);
 }
 
-// Takes what the menu of `names` needs. False if there is none to show.
+// Acquires what the menu of `names` needs. False if there is no menu to show.
 bool Prepare(ShellRun& run, const FileNameList& names) {
   run.allocator = TakeAllocator();
   if (!run.allocator || !run.ids.Allocate(*run.allocator, names.size())) return false;
   run.desktop = TakeDesktop();
   if (!run.desktop) return false;
 
-  run.firstFolder = ParentOf(Parse(run, names.front()), nullptr);
+  run.name.reset(new (std::nothrow) WStr(WStr::FromVCHAR(names.front().c_str(), -1)));
+  if (run.name) run.firstFolder = ParentOf(Parse(run), nullptr);
   if (!run.firstFolder) {
-    // Empty by now, the array goes before the desktop folder.
+    // The empty array is freed before the desktop folder.
     run.ids.Free();
     return false;
   }
@@ -101,7 +104,7 @@ void QVLShellContextMenu::ShowMenuOf(IShellFolder& folder, const ChildIds& ids, 
   if (!object) return;
   const MenuOwner popup(CreatePopupMenu());
   if (!popup) return;
-  if (FAILED(object->QueryContextMenu(popup.get(), 0, FIRST_COMMAND, LAST_COMMAND, CMF_NORMAL))) {
+  if (FAILED(object->QueryContextMenu(popup.get(), 0, kFirstCommand, kLastCommand, CMF_NORMAL))) {
     return;
   }
   const int command = Track(*object, popup.get(), x, y);
@@ -130,8 +133,8 @@ void QVLShellContextMenu::Invoke(IContextMenu& object, int command) const {
   CMINVOKECOMMANDINFO info = {};
   info.cbSize = sizeof(info);
   info.hwnd = ownerWindow;
-  // A number in the pointer's place picks the command by its distance from the first.
-  info.lpVerb = reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(command) - FIRST_COMMAND);
+  // A number in place of the pointer is the command's distance from the first.
+  info.lpVerb = reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(command) - kFirstCommand);
   info.nShow = SW_SHOWNORMAL;
   object.InvokeCommand(&info);
 }

@@ -7,8 +7,8 @@
 
 #include <shlobj.h>
 
-// One run of the menu, on the stack of the operation that shows it. All that a run takes is
-// released before ShowForFiles returns.
+// One run of the menu. It lives on the stack of the operation that shows the menu. Everything that
+// a run acquires is released before ShowForFiles returns.
 class QVLShellContextMenu {
  public:
   QVLShellContextMenu() = default;
@@ -16,14 +16,14 @@ class QVLShellContextMenu {
   QVLShellContextMenu& operator=(const QVLShellContextMenu&) = delete;
   virtual ~QVLShellContextMenu() = default;
 
-  // Asks the folder of the first of `names` for the menu of all of them, shows it at the screen
-  // position x, y and runs the command picked. The messages of the menu go to the window `owner`.
-  // A name counts up to its first null. True once the first name's folder is found, whether or
-  // not a menu came up. Does not touch the view, which may be gone afterwards.
+  // Asks the folder of the first name for the menu of all names, shows it at the screen position
+  // x, y and runs the command that the user picks. The window `owner` gets the menu's messages. A
+  // name ends at its first null. True if the first name's folder was found, whether or not a menu
+  // was shown. Does not use the view, which may have ended afterwards.
   bool ShowForFiles(HWND owner, int x, int y, FileNameList* names) noexcept;
 
-  // Hands a message that the owner window got while the menu is up to the shell, which draws and
-  // fills some entries itself. At any other time nothing happens.
+  // Passes a message of the owner window to the shell, which draws and fills some menu entries
+  // itself. Does nothing while no menu is shown.
   void ForwardMenuMessage(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
  private:
@@ -34,6 +34,6 @@ class QVLShellContextMenu {
 
   HWND ownerWindow = nullptr;
   FileNameList* fileNames = nullptr;
-  // Held only while the menu is tracked.
+  // Set only while the menu is tracked.
   ComPtr<IContextMenu2> menu2;
 };

@@ -1,7 +1,7 @@
 #include "shell/drag_drop.h"
 
 #include "platform/owners.h"
-#include "view/screen_point.h"
+#include "platform/screen_point.h"
 
 #include <shlobj.h>
 
@@ -16,7 +16,7 @@ SIZE_T LengthWithNull(const std::basic_string<WCHAR>& name) {
   return std::char_traits<WCHAR>::length(name.c_str()) + 1;
 }
 
-// Cannot overflow: every name already lies in memory together with its null.
+// Cannot overflow: every name is in memory already, together with its null.
 SIZE_T BlockSize(const FileNameList& names) {
   SIZE_T characters = 1;
   for (const auto& name : names) characters += LengthWithNull(name);
@@ -48,7 +48,10 @@ bool QVLDragDrop::RunDrag(IQVLTreeView* view, FileNameList* names) {
   startedBy = view;
   fileNames = names;
   DWORD effect = 0;
-  return SUCCEEDED(DoDragDrop(this, this, DROPEFFECT_COPY, &effect));
+  const HRESULT result = DoDragDrop(this, this, DROPEFFECT_COPY, &effect);
+  // From now on, a receiver in another process that keeps the data object gets errors.
+  CoDisconnectObject(static_cast<IDataObject*>(this), 0);
+  return SUCCEEDED(result);
 }
 
 HRESULT QVLDragDrop::QueryInterface(REFIID riid, void** object) {

@@ -1,16 +1,17 @@
-// The drag source: hands a list of file names to the system's drag loop, as copies of files only.
+// The drag source: passes a list of file names to the system's drag loop, as files to be copied.
 #pragma once
 
 #include "core/qvl.h"
 
 #include <ole2.h>
 
-// Drop source and data object of one drag. It lives on the stack of the flow that drags and counts
-// no references: what DoDragDrop receives is valid until DoDragDrop returns, and only the blocks
-// that GetData hands over, which are the receiver's, last longer.
+// Drop source and data object of one drag. It lives on the stack of the operation that drags and
+// counts no references: it is valid until DoDragDrop returns. Then receivers in other processes are
+// disconnected; a receiver in the host's own process must have released it. Only the blocks of
+// GetData live longer; they belong to the receiver.
 //
-// The one format is CF_HDROP in global memory: a DROPFILES record and behind it the names, each
-// with its terminating null, and one null more. A name counts up to its first null.
+// The only format is CF_HDROP in global memory: a DROPFILES record, then the names, each with its
+// terminating null, and a final null. A name ends at its first null.
 class QVLDragDrop : public IDropSource, public IDataObject {
  public:
   QVLDragDrop() = default;
@@ -18,22 +19,22 @@ class QVLDragDrop : public IDropSource, public IDataObject {
   QVLDragDrop(const QVLDragDrop&) = delete;
   QVLDragDrop& operator=(const QVLDragDrop&) = delete;
 
-  // Drags `names`, a list that outlives the call, until the drop or the cancel. False if the
-  // system could not drag; a drop and a refusal look the same here. Does not touch `view`, which
-  // may be gone afterwards.
+  // Drags `names`, which must outlive the call, until the drop or the cancel. False if the system
+  // could not drag; the result does not tell a drop from a refusal. Does not use `view`, which may
+  // have ended afterwards.
   bool RunDrag(IQVLTreeView* view, FileNameList* names);
 
-  // Both bases. Asked through either, IUnknown is the drop source.
+  // IUnknown, for both bases. Through either base IUnknown is the drop source.
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override;
   ULONG STDMETHODCALLTYPE Release() override;
 
-  // IDropSource. Escape or the right button cancels, letting go of the left button drops.
+  // IDropSource. Escape and the right button cancel; releasing the left button drops.
   HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL escapePressed, DWORD keyState) override;
   HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD effect) override;
 
-  // IDataObject. GetData makes a new block at every call, with the message position of that
-  // moment, and serves every aspect; without memory it answers E_OUTOFMEMORY.
+  // IDataObject. GetData makes a new block at each call, with the current message position, for
+  // every aspect. Without memory it returns E_OUTOFMEMORY.
   HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) override;
   HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC* format, STGMEDIUM* medium) override;
   HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) override;

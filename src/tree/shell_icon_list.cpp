@@ -1,15 +1,15 @@
-// The icons of file items: a list of the library's own that follows the shell's small icons index
-// by index, one for all trees of the process.
+// The shell icons of trees: an image list of the library's own with the shell's small icons at the
+// same indexes, one for all trees of the process.
+#include "common/file_icon.h"
 #include "platform/activation.h"
 #include "platform/tree_control.h"
 #include "tree/tree_view.h"
-#include "view/file_icon.h"
 
 #include <algorithm>
 
 namespace {
 
-// Made at the first need and kept until the process ends.
+// Created when first needed and kept until the process ends.
 HIMAGELIST SharedShellIconList = nullptr;
 
 constexpr int kGrowth = 100;
@@ -35,8 +35,8 @@ void QVLTreeView::EnsureSharedIconList(HIMAGELIST systemList) {
   CreateSharedIconList(systemList);
 }
 
-// A view's count only tells whether the system list has changed since the view last looked; if it
-// has, the shared list is rebuilt whole, whatever other views did meanwhile.
+// A view's count only tells whether the system list has changed since this view last synchronised.
+// If it has, the whole shared list is rebuilt, whatever other views did meanwhile.
 void QVLTreeView::SyncSharedIconList(HIMAGELIST systemList) {
   EnsureSharedIconList(systemList);
   if (!SharedShellIconList) return;
@@ -49,7 +49,7 @@ void QVLTreeView::SyncSharedIconList(HIMAGELIST systemList) {
   shellIconCount = count;
 }
 
-// Images already in the list stay as they were copied.
+// Images that are in the list already keep the background that they were copied with.
 void QVLTreeView::SetSharedIconListBkColor(COLORREF color) {
   if (!SharedShellIconList) {
     shellIconCount = 0;
@@ -65,7 +65,7 @@ bool QVLTreeView::UseSystemImageList() {
   if (!systemList) return false;
   SyncSharedIconList(systemList);
   SetSharedIconListBkColor(bkColor);
-  tree::SetImageList(controlWindow, TVSIL_NORMAL, SharedShellIconList);
+  TreeControl::SetImageList(controlWindow, TVSIL_NORMAL, SharedShellIconList);
   usingSystemImages = true;
   return true;
 }
@@ -78,7 +78,7 @@ int QVLTreeView::ImageOfItem(const QVLTreeViewItem& item) {
   return usingSystemImages ? SharedImage(IconOfItem(item)) : item.GetImageIndex();
 }
 
-// Image 0 where the shell has no answer.
+// Image 0 if the shell has no icon.
 int QVLTreeView::SharedImage(const FileIcon& icon) {
   if (!icon.systemList) return 0;
   SyncSharedIconList(icon.systemList);

@@ -1,8 +1,8 @@
-// How the tree's windows come into being and go away.
+// Creates and destroys the tree's windows.
+#include "common/parent_proc.h"
+#include "common/style_map.h"
 #include "platform/tree_control.h"
 #include "tree/tree_view.h"
-#include "view/style_map.h"
-#include "view/windows_of_view.h"
 
 WNDPROC savedControlProc = nullptr;
 
@@ -23,26 +23,33 @@ constexpr StylePair kStyles[] = {
 
 }  // namespace
 
+LRESULT CALLBACK TreeParentWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  return HandleParentMessage<QVLTreeView>(window, message, wParam, lParam);
+}
+
 QVLTreeView::~QVLTreeView() { Destroy(); }
 
 HWND QVLTreeView::Create(HWND parent, int id, int x, int y, int width, int height,
                          std::uint32_t style, QVLTreeViewStyleExt* styleExt) {
-  parentWindow = CreateViewParent(TEXT("QVLTreeViewParent"), TreeParentWindowProc, parent, x, y,
-                                  width, height);
-  if (!parentWindow) return nullptr;
-  SetWindowLongPtrW(parentWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  styleFlags = style;
-  controlId = id;
+  if (!CreateParent(TEXT("QVLTreeViewParent"), TreeParentWindowProc, parent, id, x, y, width,
+                    height, style)) {
+    return nullptr;
+  }
   if (!CreateControl(width, height, styleExt)) return nullptr;
   SetMultiSelect((style & QVLS_SINGLESEL) == 0);
   SubclassControl();
   return controlWindow;
 }
 
-// The subclass procedure finds the view through the user data, so that comes first.
+// The subclass procedure finds the view through the user data, so that comes first. If the platform
+// refuses, the control keeps its procedure.
 void QVLTreeView::SubclassControl() {
   SetWindowLongPtrW(controlWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  ReplaceControlProc(controlWindow, TreeControlSubclassProc, savedControlProc);
+  const LONG_PTR previous = SetWindowLongPtrW(controlWindow, GWLP_WNDPROC,
+                                              reinterpret_cast<LONG_PTR>(TreeControlSubclassProc));
+  if (!previous) return;
+  savedControlProc = reinterpret_cast<WNDPROC>(previous);
+  redraw.Observe();
 }
 
 bool QVLTreeView::CreateControl(int width, int height, QVLTreeViewStyleExt* styleExt) {
@@ -52,40 +59,30 @@ bool QVLTreeView::CreateControl(int width, int height, QVLTreeViewStyleExt* styl
     style |= styleExt->GetStyle();
     exStyle |= styleExt->GetStyleEx();
   }
-  controlWindow =
-      CreateViewControl(WC_TREEVIEWW, style, exStyle, parentWindow, controlId, width, height);
-  if (!controlWindow) return false;
+  if (!CreateNativeControl(WC_TREEVIEWW, style, exStyle, width, height)) return false;
   if (style & TVS_CHECKBOXES) MakeCheckBoxImages();
   return true;
 }
 
-// Left alone the control makes its boxes at its first paint and empties them all; taking the style
-// off and on has it make them now, so that boxes ticked before the window shows stay ticked.
+// By itself the control makes its boxes at the first paint and empties them all. Taking the style
+// off and on makes them now, so that boxes checked before the first paint stay checked.
 void QVLTreeView::MakeCheckBoxImages() {
   const LONG_PTR withBoxes = GetWindowLongPtrW(controlWindow, GWL_STYLE);
   SetWindowLongPtrW(controlWindow, GWL_STYLE, withBoxes & ~static_cast<LONG_PTR>(TVS_CHECKBOXES));
   SetWindowLongPtrW(controlWindow, GWL_STYLE, withBoxes);
-  checkBoxImages.Own(tree::ImageList(controlWindow, TVSIL_STATE));
+  checkBoxImages.NoteMade(TreeControl::ImageList(controlWindow, TVSIL_STATE));
 }
 
 void QVLTreeView::Destroy() {
-  if (!EndViewWindows(life, controlWindow, parentWindow)) return;
+  FreeCheckBoxImages();
+  if (!DestroyWindows(ControlData::kOfView)) return;
   client = nullptr;
   usingSystemImages = false;
   multiSelect = false;
-  checkBoxImages.Free();
 }
-
-HWND QVLTreeView::GetControlWindow() { return controlWindow; }
-
-void QVLTreeView::SetClient(IQVLTreeViewClient* newClient) { client = newClient; }
-
-void QVLTreeView::SetMultiSelect(bool enabled) { multiSelect = enabled; }
-
-bool QVLTreeView::GetMultiSelect() { return multiSelect; }
 
 bool QVLTreeView::Move(int x, int y, int width, int height) {
   if (!controlWindow) return false;
-  MoveViewWindows(parentWindow, controlWindow, x, y, width, height);
+  MoveWindows(x, y, width, height);
   return true;
 }

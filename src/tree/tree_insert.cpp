@@ -1,7 +1,6 @@
-// Records become tree items, and the items are listed.
+// Turns records into tree items.
 #include "platform/tree_control.h"
 #include "tree/tree_view.h"
-#include "view/item_list.h"
 
 namespace {
 
@@ -17,7 +16,7 @@ TVITEMW NativeItem(const QVLTreeViewItem& item, int image) {
   native.iImage = image;
   native.iSelectedImage = image;
   native.lParam = item.GetClientPtr();
-  native.state = static_cast<UINT>(item.GetStateIndex()) << tree::kStateImageShift;
+  native.state = static_cast<UINT>(item.GetStateIndex()) << kStateImageShift;
   if (item.IsBold()) native.state |= TVIS_BOLD;
   if (item.IsCut()) native.state |= TVIS_CUT;
   native.stateMask = TVIS_STATEIMAGEMASK | TVIS_BOLD | TVIS_CUT;
@@ -29,10 +28,10 @@ TVITEMW NativeItem(const QVLTreeViewItem& item, int image) {
 ItemHandle QVLTreeView::InsertItem(QVLTreeViewItem* item, ItemHandle parent) {
   if (!controlWindow || item->GetSubItem() != 0) return -1;
   TVINSERTSTRUCTW insert{};
-  insert.hParent = parent == -1 ? nullptr : tree::Handle(parent);
+  insert.hParent = parent == -1 ? nullptr : TreeControl::Handle(parent);
   insert.hInsertAfter = TVI_LAST;
   insert.item = NativeItem(*item, ImageOfNewItem(*item));
-  HeldItem inserted(life, tree::InsertItem(controlWindow, insert));
+  HeldItem inserted(life, TreeControl::InsertItem(controlWindow, insert));
   if (!inserted.Get()) return -1;
   ApplyCheckAndSelection(*item, inserted);
   return inserted.Get() ? inserted.Get() : -1;
@@ -42,27 +41,17 @@ bool QVLTreeView::UpdateItem(QVLTreeViewItem* item, ItemHandle handle) {
   if (!controlWindow || handle == -1 || item->GetSubItem() != 0) return false;
   LifeWatch alive(life);
   TVITEMW native = NativeItem(*item, ImageOfItem(*item));
-  native.hItem = tree::Handle(handle);
-  if (!tree::SetItem(controlWindow, native)) return false;
+  native.hItem = TreeControl::Handle(handle);
+  if (!TreeControl::SetItem(controlWindow, native)) return false;
   HeldItem updated(life, handle);
   ApplyCheckAndSelection(*item, updated);
   return static_cast<bool>(alive);
 }
 
-// Both only switch on. Selecting calls out, so it comes last.
+// Only switches on. Selecting comes last, because it calls the client.
 void QVLTreeView::ApplyCheckAndSelection(const QVLTreeViewItem& item, HeldItem& handle) {
   if ((styleFlags & QVLS_CHECKBOXES) && item.IsChecked()) {
-    tree::SetStateImage(controlWindow, handle.Get(), tree::kTickedBox);
+    TreeControl::SetStateImage(controlWindow, handle.Get(), kCheckedBox);
   }
-  if (item.IsSelected()) tree::MoveCaret(controlWindow, handle.Get());
-}
-
-std::int64_t QVLTreeView::GetItems(ItemHandleList* items, bool visibleOnly) {
-  if (!controlWindow) return 0;
-  if (visibleOnly) {
-    AppendItems(*items, tree::VisibleItems(controlWindow));
-  } else {
-    AppendItems(*items, tree::BranchItems(controlWindow, tree::FirstItem(controlWindow)));
-  }
-  return static_cast<std::int64_t>(items->size());
+  if (item.IsSelected()) TreeControl::MoveCaret(controlWindow, handle.Get());
 }

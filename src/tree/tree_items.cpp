@@ -1,23 +1,34 @@
-// Operations on items and on the control that neither create nor select.
-#include "platform/tool_tip.h"
+// Operations on a tree's items and on its control, except creation and selection.
 #include "platform/tree_control.h"
 #include "tree/tree_view.h"
+#include "tree/visible_walk.h"
 
-int QVLTreeView::GetViewType() { return 1; }
+int QVLTreeView::GetViewType() { return QVLVT_TREE; }
 
 bool QVLTreeView::DeleteItem(ItemHandle handle) {
   if (!controlWindow || handle == -1) return false;
   LifeWatch alive(life);
-  return tree::DeleteItem(controlWindow, handle) && alive;
+  return TreeControl::DeleteItem(controlWindow, handle) && alive;
 }
 
 void QVLTreeView::DeleteAllItems() {
-  if (controlWindow) tree::DeleteAllItems(controlWindow);
+  if (controlWindow) TreeControl::DeleteAllItems(controlWindow);
+}
+
+std::int64_t QVLTreeView::GetItems(ItemHandleList* items, bool visibleOnly) {
+  if (!controlWindow) return 0;
+  if (visibleOnly) {
+    AppendItems(*items, TreeControl::VisibleItems(controlWindow));
+  } else {
+    AppendItems(*items,
+                TreeControl::BranchItems(controlWindow, TreeControl::FirstItem(controlWindow)));
+  }
+  return static_cast<std::int64_t>(items->size());
 }
 
 ItemHandle QVLTreeView::NeighbourOf(ItemHandle handle, WPARAM relation) {
   if (!controlWindow || handle == -1) return -1;
-  return tree::NextItem(controlWindow, relation, handle);
+  return TreeControl::NextItem(controlWindow, relation, handle);
 }
 
 ItemHandle QVLTreeView::GetParentItem(ItemHandle handle) {
@@ -33,25 +44,42 @@ ItemHandle QVLTreeView::GetNextSiblingItem(ItemHandle handle) {
 }
 
 void QVLTreeView::ExpandItem(ItemHandle handle, bool expand) {
-  if (controlWindow) tree::Expand(controlWindow, handle, expand ? TVE_EXPAND : TVE_COLLAPSE);
+  if (!controlWindow) return;
+  TreeControl::Expand(controlWindow, handle, expand ? TVE_EXPAND : TVE_COLLAPSE);
 }
 
 bool QVLTreeView::IsItemExpanded(ItemHandle handle) {
   if (!controlWindow || handle == -1) return false;
-  return tree::ItemState(controlWindow, handle, TVIS_EXPANDED) != 0;
+  return TreeControl::ItemState(controlWindow, handle, TVIS_EXPANDED) != 0;
+}
+
+// The children become visible before the walk goes on, so it reaches every item.
+void QVLTreeView::ExpandAll() { ExpandVisibleItems(TVE_EXPAND); }
+
+// The children are hidden before the walk goes on, so it reaches only the top level.
+void QVLTreeView::CollapseAll() { ExpandVisibleItems(TVE_COLLAPSE); }
+
+void QVLTreeView::ExpandVisibleItems(WPARAM action) {
+  if (!controlWindow) return;
+  RedrawPause pause(controlWindow, redraw, life);
+  for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
+    pause.BeforeChange();
+    TreeControl::Expand(controlWindow, item, action);
+  }
 }
 
 void QVLTreeView::EnsureVisible(ItemHandle handle) {
   if (!controlWindow) return;
-  tree::EnsureVisible(controlWindow, handle == -1 ? tree::FirstItem(controlWindow) : handle);
+  const ItemHandle item = handle == -1 ? TreeControl::FirstItem(controlWindow) : handle;
+  TreeControl::EnsureVisible(controlWindow, item);
 }
 
 std::int64_t QVLTreeView::GetItemClientPtr(ItemHandle handle) {
   if (!controlWindow || handle == 0 || handle == -1) return 0;
   TVITEMW item{};
   item.mask = TVIF_PARAM;
-  item.hItem = tree::Handle(handle);
-  return tree::GetItem(controlWindow, item) ? item.lParam : 0;
+  item.hItem = TreeControl::Handle(handle);
+  return TreeControl::GetItem(controlWindow, item) ? item.lParam : 0;
 }
 
 bool QVLTreeView::GetScrollPosition(int* x, int* y) {
@@ -78,48 +106,10 @@ void QVLTreeView::SetScrollPosition(int x, int y) {
   SetScrollInfo(controlWindow, SB_VERT, &info, TRUE);
 }
 
-void QVLTreeView::SetToolTipWidth(int width) {
-  if (controlWindow) tool_tip::SetMaxWidth(tree::ToolTip(controlWindow), width);
-}
-
-void QVLTreeView::SetToolTipDelay(int delay) {
-  if (controlWindow) tool_tip::SetInitialDelay(tree::ToolTip(controlWindow), delay);
-}
-
 bool QVLTreeView::SetBkColor(COLORREF color) {
   if (!controlWindow) return false;
-  tree::SetBkColor(controlWindow, color);
+  TreeControl::SetBkColor(controlWindow, color);
   bkColor = color;
   if (usingSystemImages) SetSharedIconListBkColor(color);
   return true;
-}
-
-bool QVLTreeView::SetTextColor(COLORREF color) {
-  if (!controlWindow) return false;
-  tree::SetTextColor(controlWindow, color);
-  return true;
-}
-
-bool QVLTreeView::SetImageList(HIMAGELIST images) {
-  if (!controlWindow) return false;
-  tree::SetImageList(controlWindow, TVSIL_NORMAL, images);
-  return true;
-}
-
-bool QVLTreeView::SetStateImageList(HIMAGELIST images) {
-  if (!controlWindow) return false;
-  tree::SetImageList(controlWindow, TVSIL_STATE, images);
-  return true;
-}
-
-void QVLTreeView::Show() {
-  if (controlWindow) ShowWindow(controlWindow, SW_SHOW);
-}
-
-void QVLTreeView::Hide() {
-  if (controlWindow) ShowWindow(controlWindow, SW_HIDE);
-}
-
-void QVLTreeView::Redraw() {
-  if (controlWindow) InvalidateRect(controlWindow, nullptr, TRUE);
 }

@@ -1,11 +1,8 @@
-// What the control and the shell's menu report to the parent window, and what becomes of it.
+// Handles the notifications that the tree control sends to the parent window.
+#include "common/selection_bracket.h"
+#include "platform/notification.h"
 #include "platform/tree_control.h"
-#include "shell/selection_flows.h"
 #include "tree/tree_view.h"
-#include "view/notification.h"
-#include "view/parent_proc.h"
-#include "view/requests.h"
-#include "view/selection_bracket.h"
 
 namespace {
 
@@ -15,24 +12,21 @@ ItemHandle NewItem(NMHDR& header) {
 
 }  // namespace
 
-LRESULT CALLBACK TreeParentWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  return ViewParent::Handle<QVLTreeView>(window, message, wParam, lParam);
-}
-
-LRESULT QVLTreeView::HandleNotify(HWND window, WPARAM wParam, LPARAM lParam) {
+LRESULT QVLTreeView::HandleNotification(HWND window, WPARAM wParam, LPARAM lParam) {
   NMHDR& header = *reinterpret_cast<NMHDR*>(lParam);
   const UINT code = header.code;
-  if (code == TVN_DELETEITEMW) HandleItemDeleted(As<NMTREEVIEWW>(header));
+  if (header.hwndFrom == controlWindow) {
+    if (code == TVN_DELETEITEMW) HandleItemDeleted(As<NMTREEVIEWW>(header));
+    KeepSelectionPainted(code);
+  }
   if (client) {
-    if (code == TVN_BEGINLABELEDITW || code == TVN_ENDLABELEDITW) {
-      return RequestLabelEdit(owner, client, header);
-    }
-    if (ComesFrom(header, controlId)) HandleControlReport(header);
+    if (code == TVN_BEGINLABELEDITW || code == TVN_ENDLABELEDITW) return RequestLabelEdit(header);
+    if (ComesFrom(header, controlId)) HandleOwnNotification(header);
   }
   return DefWindowProcW(window, WM_NOTIFY, wParam, lParam);
 }
 
-void QVLTreeView::HandleControlReport(NMHDR& header) {
+void QVLTreeView::HandleOwnNotification(NMHDR& header) {
   switch (header.code) {
     case TVN_BEGINDRAGW:
       HandleBeginDrag(NewItem(header));
@@ -51,18 +45,22 @@ void QVLTreeView::HandleControlReport(NMHDR& header) {
   }
 }
 
-// Also without a client: flows that still name the item must let go of it. An anchor that is gone
-// is to be found nowhere, but its handle may come again for another item. No item has -1.
+// Operations that still hold the item let go of it, also without a client. A deleted anchor becomes
+// -1, because the control may reuse its handle.
 void QVLTreeView::HandleItemDeleted(const NMTREEVIEWW& record) {
-  if (record.hdr.hwndFrom != controlWindow) return;
   const auto item = reinterpret_cast<ItemHandle>(record.itemOld.hItem);
   life.ItemDeleted(item);
   if (selectionAnchor == item) selectionAnchor = -1;
 }
 
+// Selected items show whether the control has the focus, but the control repaints only its caret.
+void QVLTreeView::KeepSelectionPainted(UINT code) {
+  if (multiSelect && (code == NM_SETFOCUS || code == NM_KILLFOCUS)) InvalidateSelection();
+  if (code == NM_RCLICK) ShowWholeSelection();
+}
+
 void QVLTreeView::HandleInfoTip(NMTVGETINFOTIPW& record) {
-  RequestInfoTip(*this, owner, client, life, reinterpret_cast<ItemHandle>(record.hItem),
-                 record.pszText, record.cchTextMax);
+  RequestInfoTip(reinterpret_cast<ItemHandle>(record.hItem), record.pszText, record.cchTextMax);
 }
 
 bool QVLTreeView::HandleBeginDrag(ItemHandle dragged) {
@@ -71,26 +69,19 @@ bool QVLTreeView::HandleBeginDrag(ItemHandle dragged) {
   IncludeInSelection(dragged);
   if (!alive || !client) return false;
   ItemHandleList items;
-  return CollectSelected(items) && DragSelection(this, owner, client, life, items);
+  return CollectSelected(items) && DragSelection(items);
 }
 
-// In multiple selection an item that is not selected joins the others; otherwise it becomes the
+// In multiple selection an item that is not selected joins the others. Otherwise it becomes the
 // caret, selected or not.
 void QVLTreeView::IncludeInSelection(ItemHandle dragged) {
-  if (multiSelect && tree::IsSelected(controlWindow, dragged)) return;
+  if (multiSelect && TreeControl::IsSelected(controlWindow, dragged)) return;
   HeldItem item(life, dragged);
-  SelectionBracket bracket(owner, client, life);
+  SelectionBracket bracket(*this);
   if (!item.Get()) return;
   if (multiSelect) {
     MarkAndReport(item.Get(), true);
   } else {
-    tree::MoveCaret(controlWindow, item.Get());
+    TreeControl::MoveCaret(controlWindow, item.Get());
   }
-}
-
-bool QVLTreeView::ShowContextMenu(int x, int y) {
-  if (!client) return false;
-  ItemHandleList items;
-  return controlWindow && CollectSelected(items) &&
-         ShowSelectionMenu(owner, client, life, parentWindow, x, y, items, activeContextMenu);
 }

@@ -1,11 +1,10 @@
-// The selection: the visible items that carry the control's selected bit. There is no list of them
-// anywhere; every question walks the control.
+// The selection of a tree: the visible items with the control's selected bit. There is no list of
+// them; every query walks the control.
+#include "common/hit_flags.h"
+#include "common/selection_bracket.h"
 #include "platform/tree_control.h"
 #include "tree/tree_view.h"
 #include "tree/visible_walk.h"
-#include "view/hit_flags.h"
-#include "view/item_list.h"
-#include "view/selection_bracket.h"
 
 namespace {
 
@@ -26,49 +25,50 @@ constexpr HitFlagPair kHitFlags[] = {
 
 }  // namespace
 
-void QVLTreeView::Report(ItemHandle item) {
-  if (client) client->OnItemSelectionChanged(owner, item);
-}
-
 void QVLTreeView::MarkAndReport(ItemHandle item, bool selected) {
   LifeWatch alive(life);
-  tree::MarkSelected(controlWindow, item, selected);
+  TreeControl::MarkSelected(controlWindow, item, selected);
   if (alive) Report(item);
 }
 
 int QVLTreeView::GetSelectedCount() {
   if (!controlWindow) return 0;
-  return CountItems(tree::VisibleItems(controlWindow), tree::SelectedIn(controlWindow));
+  return CountItems(TreeControl::VisibleItems(controlWindow),
+                    TreeControl::SelectedIn(controlWindow));
 }
 
-ItemHandle QVLTreeView::GetSelectedItem(int index) {
-  if (!controlWindow) return 0;
-  return ItemAt(tree::VisibleItems(controlWindow), index, tree::SelectedIn(controlWindow));
+void QVLTreeView::InvalidateSelection() {
+  RECT area{};
+  GetClientRect(controlWindow, &area);
+  RECT row{};
+  ItemHandle item = TreeControl::TopItem(controlWindow);
+  while (item && TreeControl::GetRow(controlWindow, item, row) && row.top < area.bottom) {
+    if (TreeControl::IsSelected(controlWindow, item)) InvalidateRect(controlWindow, &row, TRUE);
+    item = TreeControl::NextVisible(controlWindow, item);
+  }
 }
 
-// The same items in the same order as GetSelectedItem gives them one by one, in a single walk.
-bool QVLTreeView::CollectSelected(ItemHandleList& items) {
-  return AppendItems(items, tree::VisibleItems(controlWindow), tree::SelectedIn(controlWindow));
+// During a right press the runtime's control paints only the pressed item as selected, and after it
+// only the caret, until the drop highlight changes.
+void QVLTreeView::ShowWholeSelection() {
+  if (!multiSelect) return;
+  TreeControl::ClearDropHighlight(controlWindow);
+  InvalidateSelection();
 }
 
 void QVLTreeView::SetItemSelected(ItemHandle handle, bool selected) {
   if (!controlWindow || handle == -1) return;
   HeldItem item(life, handle);
-  SelectionBracket bracket(owner, client, life);
+  SelectionBracket bracket(*this);
   if (bracket && item.Get() == handle) MarkAndReport(handle, selected);
 }
 
-bool QVLTreeView::IsItemSelected(ItemHandle handle) {
-  if (!controlWindow || handle == -1) return false;
-  return tree::IsSelected(controlWindow, handle);
-}
-
 void QVLTreeView::SelectAll() {
-  SelectionBracket bracket(owner, client, life);
+  SelectionBracket bracket(*this);
   if (!bracket) return;
   RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
-    if (tree::IsSelected(controlWindow, item)) continue;
+    if (TreeControl::IsSelected(controlWindow, item)) continue;
     pause.BeforeChange();
     MarkAndReport(item, true);
   }
@@ -77,32 +77,32 @@ void QVLTreeView::SelectAll() {
 void QVLTreeView::ClearSelection() { DeselectAll(true); }
 
 void QVLTreeView::InvertSelection() {
-  SelectionBracket bracket(owner, client, life);
+  SelectionBracket bracket(*this);
   if (!bracket) return;
   RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
     pause.BeforeChange();
-    MarkAndReport(item, !tree::IsSelected(controlWindow, item));
+    MarkAndReport(item, !TreeControl::IsSelected(controlWindow, item));
   }
 }
 
-// The caret stays where it is, also on an item that loses its bit.
+// The caret stays, also on an item that is deselected.
 void QVLTreeView::DeselectAll(bool withBrackets) {
   if (withBrackets) {
-    SelectionBracket bracket(owner, client, life);
+    SelectionBracket bracket(*this);
     if (bracket) DeselectAll(false);
     return;
   }
   RedrawPause pause(controlWindow, redraw, life);
   for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
-    if (!tree::IsSelected(controlWindow, item)) continue;
+    if (!TreeControl::IsSelected(controlWindow, item)) continue;
     pause.BeforeChange();
     MarkAndReport(item, false);
   }
 }
 
-// Makes the selection among the visible items the stretch between the two ends, whichever comes
-// first. With one end not among them it runs from the other to the last item.
+// Selects exactly the visible items between the two ends, whichever comes first. If one end is not
+// visible, selects from the other to the last item.
 void QVLTreeView::SelectRange(ItemHandle anchor, const HeldItem& targetItem) {
   const ItemHandle target = targetItem.Get();
   RedrawPause pause(controlWindow, redraw, life);
@@ -114,9 +114,8 @@ void QVLTreeView::SelectRange(ItemHandle anchor, const HeldItem& targetItem) {
   }
   if (item == walk.end()) return;
   const ItemHandle farEnd = *item == target ? anchor : target;
-  // Between the two loops, because it takes the bit off the old caret, which may lie in the
-  // stretch.
-  tree::MoveCaret(controlWindow, targetItem.Get());
+  // Between the two loops, because it clears the bit of the old caret, which may be in the range.
+  TreeControl::MoveCaret(controlWindow, targetItem.Get());
   bool selecting = true;
   for (; item != walk.end(); ++item) {
     const bool atFarEnd = *item == farEnd;
@@ -126,11 +125,17 @@ void QVLTreeView::SelectRange(ItemHandle anchor, const HeldItem& targetItem) {
   }
 }
 
-// The item becomes the caret and, in multiple selection, the only selected item.
+// Makes the item the caret and, in multiple selection, the only selected item. Moving the caret to
+// its own item does nothing, so a deselected caret is marked.
 void QVLTreeView::SelectAlone(const HeldItem& item) {
-  SelectionBracket bracket(owner, client, life);
+  SelectionBracket bracket(*this);
   if (bracket && multiSelect) DeselectAll(false);
-  if (bracket && item.Get()) tree::MoveCaret(controlWindow, item.Get());
+  if (!item.Get()) return;
+  if (item.Get() == TreeControl::Caret(controlWindow)) {
+    MarkAndReport(item.Get(), true);
+  } else {
+    TreeControl::MoveCaret(controlWindow, item.Get());
+  }
 }
 
 ItemHandle QVLTreeView::HitTest(const POINT* screenPoint, bool select, std::uint32_t* hitFlags) {
@@ -139,9 +144,10 @@ ItemHandle QVLTreeView::HitTest(const POINT* screenPoint, bool select, std::uint
   TVHITTESTINFO hit{};
   hit.pt = *screenPoint;
   ScreenToClient(controlWindow, &hit.pt);
-  HeldItem item(life, tree::HitTest(controlWindow, hit));
+  HeldItem item(life, TreeControl::HitTest(controlWindow, hit));
+  if (!item.Get()) return -1;
+  if (select && !TreeControl::IsSelected(controlWindow, item.Get())) SelectAlone(item);
   if (!item.Get()) return -1;
   if (hitFlags) *hitFlags = TranslateHitFlags(hit.flags, kHitFlags);
-  if (select && !tree::IsSelected(controlWindow, item.Get())) SelectAlone(item);
-  return item.Get() ? item.Get() : -1;
+  return item.Get();
 }

@@ -1,16 +1,17 @@
-// The visible walk for a loop whose body calls out or changes the tree.
+// The visible items of a tree, for a loop whose body calls the client or changes the tree.
 #pragma once
 
+#include "core/life_watch.h"
 #include "platform/tree_control.h"
-#include "view/life_watch.h"
 
 #include <iterator>
 
-// The visible items from the top down. The walk ends early when the item that it stands on is
-// deleted or the view ends; nothing of either is touched then.
+// The visible items from top to bottom. The walk ends early if the item that it stands on is
+// deleted or the view ends. Nothing of either is used then.
 class VisibleWalk {
  public:
-  VisibleWalk(HWND walked, ViewLife& life) : control(walked), held(life, tree::FirstItem(walked)) {}
+  VisibleWalk(HWND walked, ViewLife& life)
+      : control(walked), held(life, TreeControl::FirstItem(walked)) {}
 
   class Iterator {
    public:
@@ -36,7 +37,7 @@ class VisibleWalk {
 
  private:
   void Advance() {
-    if (held.Get()) held.Hold(tree::NextVisible(control, held.Get()));
+    if (held.Get()) held.Hold(TreeControl::NextVisible(control, held.Get()));
   }
 
   HWND control;

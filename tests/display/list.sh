@@ -5,8 +5,8 @@
 set -euo pipefail
 
 session_name=list
-# shellcheck source=tools/demo_session.sh
-. "$(dirname -- "$0")/../../tools/demo_session.sh"
+# shellcheck source=tests/scripts/demo_session.sh
+. "$(dirname -- "$0")/../scripts/demo_session.sh"
 
 folder="$session_folder/files"
 mkdir -p "$folder/sub"

@@ -4,8 +4,8 @@
 set -euo pipefail
 
 session_name=tree
-# shellcheck source=tools/demo_session.sh
-. "$(dirname -- "$0")/../../tools/demo_session.sh"
+# shellcheck source=tests/scripts/demo_session.sh
+. "$(dirname -- "$0")/../scripts/demo_session.sh"
 
 folder="$session_folder/files"
 mkdir -p "$folder/sub"
@@ -113,6 +113,18 @@ leave_menu
 after "right click on an unselected item" p.txt B q.txt "s t.txt" p.txt E \
   "OnContextMenu p.txt on item+label" "OnShellContextMenu p.txt"
 expect_told "a menu that is left copies nothing" "$root\\q.txt"$'\n'"$root\\s t.txt" clipboard
+
+# The shell's menu belongs to one folder.
+click label q.txt
+ctrl_click label sub/inner.txt
+mark
+press - 3 label q.txt
+settle
+after "right click on files of two folders" $'sub/inner.txt\nq.txt' \
+  "OnContextMenu q.txt on item+label" "OnShellContextMenu sub/inner.txt, q.txt"
+ask status
+grep -qF "No menu: the selected files are in different folders" <<<"$answer" ||
+  fail "the status line says $answer"
 
 three_files="$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s t.txt"
 

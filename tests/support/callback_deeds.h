@@ -72,7 +72,7 @@ class CallbackTest : public View {
         {"SelectAll", busy, [this] { view->SelectAll(); }},
         {"SelectAll of many", busy,
          [this] {
-           for (int i = 0; i < 9; ++i) this->Insert(TEXT("further"));
+           for (int i = 0; i < 30; ++i) this->Insert(TEXT("further"));
            view->SelectAll();
          }},
         {"ClearSelection", busy, [this] { view->ClearSelection(); }},

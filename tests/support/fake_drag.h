@@ -9,11 +9,14 @@
 #include "support/import_patch.h"
 
 // Stands in for the system's drag loop for the life of the object: what the library drags goes to
-// `onDrag`, whose result is the loop's.
+// `onDrag`, whose result is the loop's. After each loop the library has to cut off its receivers.
 class FakeDrag {
  public:
   FakeDrag() { current = this; }
-  ~FakeDrag() { current = nullptr; }
+  ~FakeDrag() {
+    EXPECT_EQ(dragged, nullptr);
+    current = nullptr;
+  }
 
   int runs = 0;
   std::function<HRESULT(IDataObject* data, IDropSource* source)> onDrag =
@@ -26,8 +29,19 @@ class FakeDrag {
     EXPECT_EQ(allowed, 1u);
     EXPECT_NE(effect, nullptr);
     ++current->runs;
-    return current->onDrag(data, source);
+    current->dragged = data;
+    const HRESULT result = current->onDrag(data, source);
+    EXPECT_EQ(current->dragged, data) << "before the loop has ended";
+    return result;
   }
 
+  static HRESULT WINAPI CutOff(IUnknown* object, DWORD) {
+    EXPECT_EQ(object, current->dragged);
+    current->dragged = nullptr;
+    return S_OK;
+  }
+
+  IDataObject* dragged = nullptr;  // until its receivers are cut off
   ImportPatch patch{"DoDragDrop", &Run};
+  ImportPatch disconnect{"CoDisconnectObject", &CutOff};
 };

@@ -65,7 +65,7 @@ class SelectionModel {
     if (!item || IsSelected(item)) return;
     Bracket([&] {
       if (multiSelect) Clear();
-      MoveCaret(item);
+      item == caret ? Mark(item, true) : MoveCaret(item);
     });
   }
 

@@ -1,16 +1,21 @@
-// A thousand lives of a view leave nothing behind: windows, handles and memory of the process level
-// off after the first ones.
+// What only the real platform can show. A thousand lives of a view leave nothing behind: windows,
+// handles and memory of the process level off after the first ones. What a host does with the
+// windows of a list, and what a receiver does with a drag, ends no process.
 #include <gtest/gtest.h>
 
 #include <windows.h>
 
 #include <commctrl.h>
+#include <ole2.h>
 #include <psapi.h>
 
+#include <atomic>
 #include <cstdio>
+#include <thread>
 #include <vector>
 
 #include "support/host_window.h"
+#include "support/import_patch.h"
 
 namespace {
 
@@ -75,6 +80,49 @@ TEST_P(LifeCycle, LeavesNothingBehind) {
   EXPECT_EQ(curve[9].windows, curve[4].windows);
   EXPECT_LE(curve[9].nextHandle, curve[4].nextHandle);
   EXPECT_LE(curve[9].kilobytes, curve[4].kilobytes + 200);
+}
+
+TEST_P(LifeCycle, AControlThatTheHostTakesElsewhereStillWorks) {
+  OpenView(GetParam());
+  for (int i = 0; i < 20; ++i) Insert(TEXT("item"));
+  SetWindowLongPtrW(host, GWLP_USERDATA, 42);
+  SetParent(control, host);
+  Ask(WM_SETREDRAW, FALSE);
+  Ask(WM_SETREDRAW, TRUE);
+  view->SelectAll();
+  EXPECT_EQ(view->GetSelectedCount(), 20);
+  EXPECT_EQ(GetWindowLongPtrW(host, GWLP_USERDATA), 42);
+}
+
+// A receiver in another apartment gets the object by way of a stream, as one in another process.
+IStream* marshaled = nullptr;
+HRESULT WINAPI MarshalDragged(IDataObject* data, IDropSource*, DWORD, DWORD*) {
+  EXPECT_EQ(CoMarshalInterThreadInterfaceInStream(IID_IDataObject, data, &marshaled), S_OK);
+  return DRAGDROP_S_DROP;
+}
+
+TEST_P(LifeCycle, AReceiverThatKeepsTheDataObjectGetsAnError) {
+  OpenView(GetParam());
+  const ItemHandle item = Insert(TEXT("a"));
+  client.onBeginDrag = [](ItemHandleList*, FileNameList* files) {
+    files->push_back(TEXT("C:\\a"));
+    return true;
+  };
+  {
+    const ImportPatch patch("DoDragDrop", &MarshalDragged);
+    NotifyOf(item, GetParam() ? LVN_BEGINDRAG : TVN_BEGINDRAGW);
+  }
+  std::atomic<bool> done = false;
+  std::thread receiver([&] {
+    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+    void* data = nullptr;
+    EXPECT_EQ(CoGetInterfaceAndReleaseStream(marshaled, IID_IDataObject, &data),
+              CO_E_OBJNOTCONNECTED);
+    CoUninitialize();
+    done = true;
+  });
+  while (!done) PumpMessages();
+  receiver.join();
 }
 
 INSTANTIATE_TEST_SUITE_P(Views, LifeCycle, ::testing::Values(0u, QVLS_LISTVIEW));

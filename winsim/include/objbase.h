@@ -20,4 +20,5 @@ struct IMalloc : IUnknown {
 
 WINSIM_API const IID IID_IUnknown;
 
+WINSIM_API HRESULT WINAPI CoDisconnectObject(IUnknown* object, DWORD reserved);
 WINSIM_API void* WINAPI CoTaskMemAlloc(SIZE_T bytes);

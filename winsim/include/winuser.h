@@ -70,11 +70,13 @@ WINSIM_API HWND WINAPI GetWindow(HWND window, UINT command);
 WINSIM_API int WINAPI GetDlgCtrlID(HWND window);
 WINSIM_API LONG_PTR WINAPI GetWindowLongPtrW(HWND window, int index);
 WINSIM_API LONG_PTR WINAPI SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
+WINSIM_API ULONG_PTR WINAPI GetClassLongPtrW(HWND window, int index);
 WINSIM_API BOOL WINAPI GetClientRect(HWND window, LPRECT rect);
 WINSIM_API BOOL WINAPI ClientToScreen(HWND window, LPPOINT point);
 WINSIM_API BOOL WINAPI ScreenToClient(HWND window, LPPOINT point);
 
 WINSIM_API BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase);
+WINSIM_API BOOL WINAPI RedrawWindow(HWND window, const RECT* rect, HRGN region, UINT flags);
 WINSIM_API BOOL WINAPI ValidateRect(HWND window, const RECT* rect);
 WINSIM_API BOOL WINAPI GetUpdateRect(HWND window, LPRECT rect, BOOL erase);
 WINSIM_API BOOL WINAPI UpdateWindow(HWND window);

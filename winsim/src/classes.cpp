@@ -82,6 +82,12 @@ ATOM WINAPI RegisterClassW(const WNDCLASSW* windowClass) {
   return Classes().back().atom;
 }
 
+ULONG_PTR WINAPI GetClassLongPtrW(HWND window, int index) {
+  const Window* known = FindWindow(window);
+  const bool asked = known && index == GCLP_WNDPROC;
+  return asked ? reinterpret_cast<ULONG_PTR>(known->windowClass->procedure) : 0;
+}
+
 int WINAPI GetClassNameW(HWND window, LPWSTR name, int size) {
   const Window* known = FindWindow(window);
   if (!known || size <= 0) {

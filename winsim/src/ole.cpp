@@ -48,6 +48,9 @@ HRESULT WINAPI DoDragDrop(IDataObject* data, IDropSource* source, DWORD allowed,
   return Cancel(source, effect);
 }
 
+// No receiver is in another process.
+HRESULT WINAPI CoDisconnectObject(IUnknown* object, DWORD) { return object ? S_OK : E_INVALIDARG; }
+
 // The one definition of each identifier that the platform publishes.
 const IID IID_IUnknown = {0x00000000, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 const IID IID_IDataObject = {0x0000010E, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};

@@ -13,6 +13,10 @@ BOOL WINAPI InvalidateRect(HWND handle, const RECT*, BOOL) {
   return TRUE;
 }
 
+BOOL WINAPI RedrawWindow(HWND handle, const RECT* rect, HRGN, UINT flags) {
+  return InvalidateRect(handle, rect, (flags & RDW_ERASE) != 0);
+}
+
 BOOL WINAPI ValidateRect(HWND handle, const RECT*) {
   Window* window = FindWindow(handle);
   if (!window) {

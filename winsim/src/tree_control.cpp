@@ -57,13 +57,15 @@ LRESULT TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case TVM_GETNEXTITEM:
       return NextItem(wParam, ToItem(lParam));
     case TVM_SELECTITEM:
-      return wParam == TVGN_CARET && Select(ToItem(lParam), TVC_UNKNOWN);
+      return SelectMessage(wParam, ToItem(lParam));
     case TVM_HITTEST:
       return HitTest(reinterpret_cast<TVHITTESTINFO*>(lParam));
     case TVM_ENSUREVISIBLE:
       return EnsureVisible(ToItem(lParam));
     case TVM_GETITEMRECT:
       return ItemRect(wParam != 0, reinterpret_cast<RECT*>(lParam));
+    case TVM_GETEDITCONTROL:
+      return reinterpret_cast<LRESULT>(edit_);
     case TVM_EDITLABELW:
       return BeginLabelEdit(ToItem(lParam));
     case TVM_SETIMAGELIST:
@@ -138,8 +140,13 @@ LRESULT TreeControl::SetImageList(WPARAM kind, HIMAGELIST list) {
   return reinterpret_cast<LRESULT>(std::exchange(images_, list));
 }
 
-// Taking the check box style on gives every item an empty box at once.
+// Any change closes a label edit. Taking the check box style on gives every item an empty box at
+// once.
 void TreeControl::StyleChanged(const STYLESTRUCT& change) {
+  EndLabelEdit(true);
+  if (Gone()) {
+    return;
+  }
   barsStale_ = rowsStale_ = true;
   if (!(change.styleOld & TVS_CHECKBOXES) && (change.styleNew & TVS_CHECKBOXES)) {
     MakeCheckBoxes();

@@ -66,6 +66,7 @@ class TreeControl : public Control, public LabelEditOwner {
   bool IsInBranch(const TreeItem* item, const TreeItem* head) const;
 
   // tree_selection.cpp
+  bool SelectMessage(WPARAM relation, HTREEITEM handle);
   bool Select(HTREEITEM handle, UINT action);
   bool ExpandMessage(WPARAM action, HTREEITEM handle);
   bool Expand(HTREEITEM handle, bool byUser);

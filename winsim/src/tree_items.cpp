@@ -197,6 +197,9 @@ LRESULT TreeControl::NextItem(WPARAM relation, HTREEITEM handle) {
       return ToResult(HandleOf(root_.firstChild));
     case TVGN_CARET:
       return ToResult(caret_);
+    case TVGN_FIRSTVISIBLE:
+      WriteRows();
+      return rows_.empty() ? 0 : ToResult(rows_[static_cast<std::size_t>(FirstRow())]->handle);
     default:
       break;
   }

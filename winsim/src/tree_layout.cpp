@@ -111,6 +111,9 @@ void TreeControl::SettleLayout() {
 
 // Each bar takes room from the other, so both are decided together.
 void TreeControl::SettleBars() {
+  if (Style() & TVS_NOSCROLL) {
+    return;
+  }
   ChangeStyle(window_, WS_HSCROLL | WS_VSCROLL, 0);
   const bool busy = std::exchange(barsStale_, false);
   RECT whole = {};

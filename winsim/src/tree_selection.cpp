@@ -34,6 +34,19 @@ bool TreeControl::NotifyItems(UINT code, UINT action, HTREEITEM before, UINT bef
   return Notify(window_, code, &record.hdr) != 0;
 }
 
+bool TreeControl::SelectMessage(WPARAM relation, HTREEITEM handle) {
+  if (relation == TVGN_CARET) {
+    return Select(handle, TVC_UNKNOWN);
+  }
+  WriteRows();
+  const TreeItem* item = relation == TVGN_FIRSTVISIBLE ? Find(handle) : nullptr;
+  if (!item || !IsShown(item)) {
+    return false;
+  }
+  ScrollTo(item->row);
+  return true;
+}
+
 bool TreeControl::Select(HTREEITEM handle, UINT action) {
   if (handle && !Find(handle)) {
     return false;

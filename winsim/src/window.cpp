@@ -211,6 +211,8 @@ LONG_PTR WINAPI GetWindowLongPtrW(HWND handle, int index) {
       return static_cast<LONG_PTR>(window->exStyle);
     case GWLP_USERDATA:
       return window->userData;
+    case GWLP_WNDPROC:
+      return reinterpret_cast<LONG_PTR>(window->procedure);
     default:
       SetLastError(ERROR_INVALID_PARAMETER);
       return 0;

@@ -29,6 +29,7 @@
 #define WS_EX_ACCEPTFILES 0x00000010L
 #define WS_EX_CLIENTEDGE 0x00000200L
 
+#define GCLP_WNDPROC (-24)
 #define GWLP_WNDPROC (-4)
 #define GWL_STYLE (-16)
 #define GWL_EXSTYLE (-20)
@@ -43,6 +44,11 @@
 #define SW_SHOW 5
 
 #define PM_REMOVE 0x0001
+
+#define RDW_INVALIDATE 0x0001
+#define RDW_ERASE 0x0004
+#define RDW_ALLCHILDREN 0x0080
+#define RDW_FRAME 0x0400
 
 #define WM_CREATE 0x0001
 #define WM_DESTROY 0x0002
