@@ -8,7 +8,7 @@
 #include "platform/tool_tip.h"
 
 // `Control` has the messages, `Walk` goes through the items while their states change, and
-// `RedrawState` knows whether the control draws.
+// `RedrawState` records whether the control draws.
 template <class Control, class Walk, class RedrawState>
 class ControlView : public QVLView {
  public:

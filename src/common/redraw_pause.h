@@ -3,7 +3,7 @@
 
 #include "core/life_watch.h"
 
-// Knows whether a control's drawing is suspended, and by whom. A native control cannot be asked, so
+// Records whether a control's drawing is suspended, and by whom. A native control cannot be asked, so
 // its window procedure notes each WM_SETREDRAW.
 class ControlRedraw {
  public:

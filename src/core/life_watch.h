@@ -1,6 +1,5 @@
-// Tells an operation that calls the client what is left afterwards. A callback may end the view or
-// delete items. So an operation keeps a LifeWatch of its view and a HeldItem for each item that it
-// uses again, and checks them after every callback.
+// What an operation checks after a callback. A callback may destroy the view or delete items, so an
+// operation keeps a LifeWatch of its view and a HeldItem for each item that it uses again.
 #pragma once
 
 #include "core/qvl.h"
@@ -8,8 +7,8 @@
 class LifeWatch;
 class HeldItem;
 
-// The life of a view's control. It ends with Destroy or with the view. All watches and held items
-// learn of the end.
+// The life of a view's control. It ends with Destroy or with the view, and then all watches and held
+// items are reset.
 class ViewLife {
  public:
   ViewLife() = default;

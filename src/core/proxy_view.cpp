@@ -29,7 +29,7 @@ void QVLProxyView::EndImplementation() {
 
 // Loops because a callback may call Create while the implementation ends.
 QVLProxyView::~QVLProxyView() {
-  life.End();  // tells a Create that this destructor interrupts
+  life.End();  // a Create that this destructor interrupts sees it
   while (implementation) EndImplementation();
 }
 

@@ -21,11 +21,11 @@
 /// 6. One allocator, one compiler family. ItemHandleList and FileNameList grow on both sides of the
 ///    boundary. Host and library must use the same compiler family, the same standard library and
 ///    one allocator.
-/// 7. Failure is a plain result: false, null, 0 or -1, as each operation says. Nothing is shown and
+/// 7. Failure is a plain result: false, null, 0 or -1, as each operation describes. Nothing is shown and
 ///    nothing is logged. An operation on a view without a control returns its failure value.
 /// 8. Lifetime. A callback may end the view by Destroy, Create or ReleaseIQVLTreeView. The
 ///    interrupted operation then makes no further call and returns its failure value.
-/// 9. Handles. -1 means no item; each operation says what it does with it. Every other handle goes
+/// 9. Handles. -1 means no item; each operation describes what it does with it. Every other handle goes
 ///    to the native control as it is. It must be 0 or a handle that the view returned and that has
 ///    not been deleted.
 #ifndef QVL_QVL_H
@@ -310,7 +310,7 @@ class IQVLTreeViewClient {
   virtual bool OnBeginDrag(IQVLTreeView* view, ItemHandleList* items, FileNameList* files) = 0;
 
   /// List only, inside Create: the client may make the columns of `listWindow`. `clientRect` is a
-  /// copy of its client area in pixels. Result: true says that the client made the columns, and the
+  /// copy of its client area in pixels. Result: true if the client made the columns, and the
   /// list never changes their widths; false makes one column as wide as the client area.
   virtual bool OnCreateColumns(IQVLTreeView* view, HWND listWindow, RECT* clientRect) = 0;
 
@@ -334,11 +334,11 @@ class IQVLTreeViewClient {
   /// A change of the selection begins.
   ///
   /// An operation over many items suspends the drawing of a visible control from the ninth changed
-  /// item to its end. A dialog that a client shows meanwhile stands over a view that does not
+  /// item to its end. A dialog that a client shows meanwhile is shown over a view that does not
   /// repaint.
   virtual void OnBeginSelectionChange(IQVLTreeView* view) = 0;
 
-  /// The selected state of `item` may have changed; IsItemSelected tells. In a tree, item 0 means
+  /// The selected state of `item` may have changed; IsItemSelected gives it. In a tree, item 0 means
   /// that the caret has left all items. In a list, item -1 means that all rows changed.
   virtual void OnItemSelectionChanged(IQVLTreeView* view, ItemHandle item) = 0;
 
@@ -348,7 +348,7 @@ class IQVLTreeViewClient {
   /// List only: the user clicked the title of `column`, which counts from 0.
   virtual void OnColumnClick(IQVLTreeView* view, int column) = 0;
 
-  /// Tree only: `item` has been expanded or collapsed; IsItemExpanded tells which.
+  /// Tree only: `item` has been expanded or collapsed; IsItemExpanded gives which.
   virtual void OnItemExpanded(IQVLTreeView* view, ItemHandle item) = 0;
 
  protected:

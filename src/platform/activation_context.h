@@ -9,7 +9,7 @@
 namespace activation {
 
 // Determines the library's context. False means that it cannot be determined now. The last error
-// tells why, and the next call tries again.
+// is the reason, and the next call tries again.
 bool EnsureActivationContext();
 
 // Determines and activates the library's context. After true the caller must deactivate it.

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-// The longer record that begins with this header. The code says which one it is.
+// The longer record that begins with this header. The code determines which one it is.
 template <class Record>
 Record& As(NMHDR& header) {
   return reinterpret_cast<Record&>(header);

@@ -1,4 +1,4 @@
-// The ids by which a shell folder knows the files of one menu.
+// The ids of the files of one menu in their shell folder.
 #pragma once
 
 #include "platform/owners.h"

@@ -20,7 +20,7 @@ class QVLDragDrop : public IDropSource, public IDataObject {
   QVLDragDrop& operator=(const QVLDragDrop&) = delete;
 
   // Drags `names`, which must outlive the call, until the drop or the cancel. False if the system
-  // could not drag; the result does not tell a drop from a refusal. Does not use `view`, which may
+  // could not drag; the result is the same for a drop and a refusal. Does not use `view`, which may
   // have ended afterwards.
   bool RunDrag(IQVLTreeView* view, FileNameList* names);
 

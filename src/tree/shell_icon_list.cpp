@@ -35,7 +35,7 @@ void QVLTreeView::EnsureSharedIconList(HIMAGELIST systemList) {
   CreateSharedIconList(systemList);
 }
 
-// A view's count only tells whether the system list has changed since this view last synchronised.
+// A view's count shows only whether the system list has changed since this view last synchronised.
 // If it has, the whole shared list is rebuilt, whatever other views did meanwhile.
 void QVLTreeView::SyncSharedIconList(HIMAGELIST systemList) {
   EnsureSharedIconList(systemList);

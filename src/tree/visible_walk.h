@@ -6,8 +6,8 @@
 
 #include <iterator>
 
-// The visible items from top to bottom. The walk ends early if the item that it stands on is
-// deleted or the view ends. Nothing of either is used then.
+// The visible items from top to bottom. The walk ends early if its current item is deleted or the
+// view ends. Nothing of either is used then.
 class VisibleWalk {
  public:
   VisibleWalk(HWND walked, ViewLife& life)
