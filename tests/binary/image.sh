@@ -1,6 +1,6 @@
 #!/bin/bash
-# The image that ships, read from the outside: what it exports, imports and carries. Each check is
-# made, however many fail. QVL_BUILD_DIR names the windows build.
+# Checks qvl.dll as it ships: exports, imports, flags and resources. A failed check does not end the
+# script. QVL_BUILD_DIR names the windows build.
 set -euo pipefail
 export LC_ALL=C
 
@@ -23,18 +23,18 @@ expect() {
   fi
 }
 
-# count text < bytes: how often it occurs there.
+# count text < bytes: prints how often the text occurs.
 count() { { grep -aoF -- "$1" || true; } | wc -l; }
 
-# Takes 16-bit text for 8-bit text, and leaves 8-bit text as it is.
+# Turns 16-bit text into 8-bit text and leaves 8-bit text as it is.
 narrow() { tr -d '\0' <"$1"; }
 
-# The contract's names, and what the compiler makes beside them for a class that is exported whole:
-# its table and type, and those constructors and destructors that no host calls by name.
+# For an exported class the compiler also exports its virtual table, its type, and constructors and
+# destructors that no host calls by name. These are left out.
 record='(15QVLTreeViewItem|19QVLTreeViewStyleExt)'
 exports=$(sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/s/^[[:space:]]*\[ *[0-9]*\] //p' <<<"$headers" |
   grep -vxE "_ZT[VIS]$record|_ZN$record(C2|D0|D2)Ev" | "${tool}c++filt" | sort)
-expect 'exports that are missing (<) or too much (>)' '' \
+expect 'missing exports (<) and unexpected exports (>)' '' \
   "$(diff <(sort "$here/exports.txt") - <<<"$exports" || true)"
 
 libraries=$(sed -n 's/^[[:space:]]*DLL Name: //p' <<<"$headers" | tr '[:upper:]' '[:lower:]')
@@ -43,31 +43,31 @@ expect 'imports from other libraries' '' \
 expect "imports from the host's utilities" "$(sort "$here/vornutil_imports.txt")" "$(
   sed -n '/DLL Name: vornutil.dll/,/^$/s/^[[:space:]]*[0-9a-f]*[[:space:]]*[0-9]*[[:space:]]*\(_Z.*\)/\1/p' \
     <<<"$headers" | "${tool}c++filt" | sort)"
-expect 'imports that are to be looked up instead' '' \
+expect 'imports that must be looked up at run time' '' \
   "$(grep -oE '\<ImageList_.*' <<<"$headers" || true)"
 
-# Random addresses, of 64 bits, and data that cannot run.
+# Address space randomisation with 64 bits, and no execution of data.
 characteristics=$(sed -n 's/^DllCharacteristics[[:space:]]*/0x/p' <<<"$headers")
 for flag in 0x40 0x20 0x100; do
   expect "DLL characteristic $flag" $((flag)) $((characteristics & flag))
 done
 
-# One version and one manifest, so that the bytes of all resources are those of these two.
+# One version resource and one manifest, and nothing else.
 expect 'types and numbers of the resources' $'0x000010 0x000001\n0x000018 0x000002' "$(awk '
   / Entry: / { match($0, / +/); path[RLENGTH] = $4 }
   / Leaf: / { print path[3] " " path[5] }' <<<"$headers" | tr -d ,)"
 
-# The manifest states the execution level and asks for no version of another library.
+# The manifest names the execution level and no version of another library.
 for text in '<requestedExecutionLevel ' 'level="asInvoker"' 'uiAccess="false"'; do
   expect "$text in the manifest" 1 "$(count "$text" <"$resources")"
 done
 expect '<dependency in the manifest' 0 "$(count '<dependency' <"$resources")"
 
-# version name: what the build's header says.
+# version name: prints a macro of the generated header.
 version() { sed -n "s/^#define QVL_VERSION_$1 //p" "$QVL_BUILD_DIR/generated/qvl_version.h"; }
 
-# The fixed part of a version begins with two words that are always the same; then come the numbers
-# of the file and those of the product.
+# The fixed part of a version resource begins with two constant words. The numbers of the file and
+# those of the product follow.
 IFS=', ' read -ra numbers <<<"$(version NUMBERS)"
 expected=$(printf '%04x%04x %04x%04x' "${numbers[@]}")
 found=$(od -An -v -tx4 -w4 "$resources" | tr -d '\n' |
