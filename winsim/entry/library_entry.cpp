@@ -1,5 +1,5 @@
-// Linked into a library of the native build: has the platform's entry called when it is loaded, as
-// the platform's loader does it.
+// Linked into the library in the linux build. Calls DllMain when the library is loaded, as the
+// platform's loader does.
 #include <windows.h>
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* reserved);

@@ -1,4 +1,4 @@
-// The root of the platform's component interfaces.
+// The base interfaces of components.
 #pragma once
 
 #include "windows.h"
@@ -21,4 +21,3 @@ struct IMalloc : IUnknown {
 WINSIM_API const IID IID_IUnknown;
 
 WINSIM_API HRESULT WINAPI CoDisconnectObject(IUnknown* object, DWORD reserved);
-WINSIM_API void* WINAPI CoTaskMemAlloc(SIZE_T bytes);

@@ -43,7 +43,7 @@ struct STGMEDIUM {
   union {
     HBITMAP hBitmap;
     HGLOBAL hGlobal;
-    LPOLESTR lpszFileName;
+    LPWSTR lpszFileName;
   };
   IUnknown* pUnkForRelease;
 };

@@ -1,4 +1,4 @@
-// Modules, memory, activation contexts and errors: what the platform's kernel offers.
+// Modules, memory, activation contexts and errors.
 #pragma once
 
 #include "windef.h"
@@ -10,7 +10,6 @@
 #define FILE_ATTRIBUTE_NORMAL 0x00000080
 
 #define GMEM_FIXED 0x0000
-#define GMEM_ZEROINIT 0x0040
 
 #define GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT 0x2
 #define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x4

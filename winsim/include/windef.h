@@ -1,5 +1,5 @@
-// The platform's basic types, for builds without the platform. Sizes are those of a 64-bit platform
-// program: LONG and DWORD have 32 bits, handles and *_PTR have 64.
+// The basic types, with the sizes of a 64-bit program: LONG and DWORD have 32 bits, handles and
+// *_PTR have 64.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 #define CALLBACK
 #define STDMETHODCALLTYPE
 
-// Every function of the stand-in has the platform's own symbol name.
+// Functions have the symbol names of the platform.
 #define WINSIM_API extern "C" __attribute__((visibility("default")))
 
 using WCHAR = char16_t;
@@ -45,7 +45,6 @@ using LPSTR = char*;
 using LPCSTR = const char*;
 using LPWSTR = WCHAR*;
 using LPCWSTR = const WCHAR*;
-using LPOLESTR = WCHAR*;
 
 using HANDLE = void*;
 using HGLOBAL = HANDLE;
@@ -74,7 +73,6 @@ struct POINT {
   LONG x;
   LONG y;
 };
-using LPPOINT = POINT*;
 
 struct SIZE {
   LONG cx;
@@ -87,7 +85,6 @@ struct RECT {
   LONG right;
   LONG bottom;
 };
-using LPRECT = RECT*;
 
 struct GUID {
   std::uint32_t Data1;
@@ -106,11 +103,9 @@ inline bool IsEqualIID(REFIID a, REFIID b) { return IsEqualGUID(a, b); }
 inline bool operator==(REFGUID a, REFGUID b) { return IsEqualGUID(a, b); }
 inline bool operator!=(REFGUID a, REFGUID b) { return !IsEqualGUID(a, b); }
 
-#define MAKELONG(low, high)                                       \
-  (static_cast<LONG>(static_cast<DWORD>(static_cast<WORD>(low)) | \
-                     (static_cast<DWORD>(static_cast<WORD>(high)) << 16)))
-#define MAKEWPARAM(low, high) (static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
-#define MAKELPARAM(low, high) (static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
+#define MAKELPARAM(low, high)                                       \
+  (static_cast<LPARAM>(static_cast<DWORD>(static_cast<WORD>(low)) | \
+                       (static_cast<DWORD>(static_cast<WORD>(high)) << 16)))
 #define LOWORD(value) (static_cast<WORD>((DWORD_PTR)(value)&0xffff))
 #define HIWORD(value) (static_cast<WORD>(((DWORD_PTR)(value) >> 16) & 0xffff))
 

@@ -1,4 +1,4 @@
-// Stands in for the platform's header of the same name.
+// The part of the platform's API that the project uses.
 #pragma once
 
 #include "windef.h"

@@ -5,23 +5,13 @@
 
 #define ERROR_FILE_NOT_FOUND 2
 #define ERROR_PATH_NOT_FOUND 3
-#define ERROR_ACCESS_DENIED 5
-#define ERROR_INVALID_HANDLE 6
 #define ERROR_NOT_ENOUGH_MEMORY 8
 #define ERROR_INVALID_PARAMETER 87
 #define ERROR_BUFFER_OVERFLOW 111
-#define ERROR_INSUFFICIENT_BUFFER 122
-#define ERROR_MOD_NOT_FOUND 126
-#define ERROR_PROC_NOT_FOUND 127
-#define ERROR_INVALID_WINDOW_HANDLE 1400
-#define ERROR_INVALID_MENU_HANDLE 1401
-#define ERROR_CANNOT_FIND_WND_CLASS 1407
-#define ERROR_CLASS_ALREADY_EXISTS 1410
 #define ERROR_RESOURCE_DATA_NOT_FOUND 1812
 #define ERROR_RESOURCE_TYPE_NOT_FOUND 1813
 #define ERROR_RESOURCE_NAME_NOT_FOUND 1814
 #define ERROR_RESOURCE_LANG_NOT_FOUND 1815
-#define ERROR_SXS_KEY_NOT_FOUND 14007
 
 #define SUCCEEDED(result) (static_cast<HRESULT>(result) >= 0)
 #define FAILED(result) (static_cast<HRESULT>(result) < 0)
@@ -46,9 +36,6 @@
 #define DRAGDROP_S_USEDEFAULTCURSORS WINSIM_HRESULT(0x00040102)
 #define DATA_S_SAMEFORMATETC WINSIM_HRESULT(0x00040130)
 
-#define MAKE_HRESULT(severity, facility, code)                                                 \
-  WINSIM_HRESULT((static_cast<ULONG>(severity) << 31) | (static_cast<ULONG>(facility) << 16) | \
-                 static_cast<ULONG>(code))
 #define HRESULT_FROM_WIN32(error)                         \
   WINSIM_HRESULT((error) <= 0 ? static_cast<ULONG>(error) \
                               : ((static_cast<ULONG>(error) & 0xFFFF) | 0x80070000))

@@ -1,4 +1,4 @@
-// The little of the platform's graphics that image lists and icons need.
+// Bitmaps, as far as image lists and icons need them.
 #pragma once
 
 #include "windef.h"

@@ -1,4 +1,4 @@
-// Steers the stand-in from native tests, and tells what it counted. The platform has none of this.
+// Controls the stand-in from tests of the linux build. The platform has none of these functions.
 #pragma once
 
 #include <functional>
@@ -10,25 +10,25 @@ namespace winsim {
 
 #define WINSIM_CONTROL __attribute__((visibility("default")))
 
-// What is alive now. A test compares the counts before and after.
+// How many objects exist. A test compares the counts before and after.
 struct Counts {
   int windows;
   int menus;
-  int imageLists;
   int globalBlocks;
   int taskBlocks;  // of IMalloc
-  int interfaces;  // folders and menu objects of the stand-in's shell
+  int interfaces;  // shell folders and menu objects
 };
 WINSIM_CONTROL Counts CountLive();
 
-// Names that exist for the shell beside the files on disk.
+// Adds a name to the files that exist for the shell.
 WINSIM_CONTROL void AddShellFile(const std::u16string& path);
 
-// Replaces the whole of DoDragDrop, which else cancels every drag; an empty function gives it back.
+// Replaces DoDragDrop, which otherwise cancels every drag. An empty function restores it.
 using DragScript = std::function<HRESULT(IDataObject*, IDropSource*, DWORD, DWORD*)>;
 WINSIM_CONTROL void SetDragScript(DragScript script);
 
-// Puts the stand-in back to how a fresh process finds it: no script, keys up, an empty queue.
+// Restores the state of a new process: no script, no added files, no focus, keys released, an empty
+// message queue.
 WINSIM_CONTROL void Reset();
 
 }  // namespace winsim

@@ -25,7 +25,6 @@ struct MSG {
   DWORD time;
   POINT pt;
 };
-using LPMSG = MSG*;
 
 struct NMHDR {
   HWND hwndFrom;
@@ -62,7 +61,6 @@ WINSIM_API BOOL WINAPI DestroyWindow(HWND window);
 WINSIM_API BOOL WINAPI IsWindow(HWND window);
 WINSIM_API BOOL WINAPI IsWindowVisible(HWND window);
 WINSIM_API BOOL WINAPI IsWindowUnicode(HWND window);
-WINSIM_API BOOL WINAPI IsChild(HWND parent, HWND window);
 WINSIM_API BOOL WINAPI ShowWindow(HWND window, int command);
 WINSIM_API BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 WINSIM_API HWND WINAPI GetParent(HWND window);
@@ -71,14 +69,14 @@ WINSIM_API int WINAPI GetDlgCtrlID(HWND window);
 WINSIM_API LONG_PTR WINAPI GetWindowLongPtrW(HWND window, int index);
 WINSIM_API LONG_PTR WINAPI SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
 WINSIM_API ULONG_PTR WINAPI GetClassLongPtrW(HWND window, int index);
-WINSIM_API BOOL WINAPI GetClientRect(HWND window, LPRECT rect);
-WINSIM_API BOOL WINAPI ClientToScreen(HWND window, LPPOINT point);
-WINSIM_API BOOL WINAPI ScreenToClient(HWND window, LPPOINT point);
+WINSIM_API BOOL WINAPI GetClientRect(HWND window, RECT* rect);
+WINSIM_API BOOL WINAPI ClientToScreen(HWND window, POINT* point);
+WINSIM_API BOOL WINAPI ScreenToClient(HWND window, POINT* point);
 
 WINSIM_API BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase);
 WINSIM_API BOOL WINAPI RedrawWindow(HWND window, const RECT* rect, HRGN region, UINT flags);
 WINSIM_API BOOL WINAPI ValidateRect(HWND window, const RECT* rect);
-WINSIM_API BOOL WINAPI GetUpdateRect(HWND window, LPRECT rect, BOOL erase);
+WINSIM_API BOOL WINAPI GetUpdateRect(HWND window, RECT* rect, BOOL erase);
 WINSIM_API BOOL WINAPI UpdateWindow(HWND window);
 
 WINSIM_API LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -86,7 +84,7 @@ WINSIM_API LRESULT WINAPI CallWindowProcW(WNDPROC procedure, HWND window, UINT m
                                           WPARAM wParam, LPARAM lParam);
 WINSIM_API LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 WINSIM_API BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-WINSIM_API BOOL WINAPI PeekMessageW(LPMSG message, HWND window, UINT first, UINT last, UINT remove);
+WINSIM_API BOOL WINAPI PeekMessageW(MSG* message, HWND window, UINT first, UINT last, UINT remove);
 WINSIM_API BOOL WINAPI TranslateMessage(const MSG* message);
 WINSIM_API LRESULT WINAPI DispatchMessageW(const MSG* message);
 WINSIM_API DWORD WINAPI GetMessagePos();

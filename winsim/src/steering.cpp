@@ -1,14 +1,14 @@
-// What tests ask of the stand-in as a whole.
+// Counts and resets all of the stand-in for tests.
 #include <winsim.h>
 
-#include "image_list.h"
-#include "keyboard.h"
-#include "memory.h"
-#include "menu.h"
-#include "messages.h"
-#include "ole.h"
-#include "shell.h"
-#include "window.h"
+#include "shell/drag.h"
+#include "shell/shell_files.h"
+#include "shell/shell_object.h"
+#include "system/memory.h"
+#include "window/input.h"
+#include "window/menu.h"
+#include "window/message_queue.h"
+#include "window/window.h"
 
 namespace winsim {
 
@@ -16,10 +16,9 @@ Counts CountLive() {
   Counts counts = {};
   counts.windows = CountWindows();
   counts.menus = CountMenus();
-  counts.imageLists = CountImageLists();
   counts.globalBlocks = CountGlobalBlocks();
   counts.taskBlocks = CountTaskBlocks();
-  counts.interfaces = CountInterfaces();
+  counts.interfaces = LiveInterfaces();
   return counts;
 }
 

@@ -1,4 +1,4 @@
-// The list control's messages, styles, notifications and records.
+// Messages, styles, notifications and records of the list control.
 #pragma once
 
 #include "image_list.h"
@@ -18,7 +18,6 @@
 #define LVS_EX_GRIDLINES 0x0001
 #define LVS_EX_SUBITEMIMAGES 0x0002
 #define LVS_EX_CHECKBOXES 0x0004
-#define LVS_EX_HEADERDRAGDROP 0x0010
 #define LVS_EX_FULLROWSELECT 0x0020
 #define LVS_EX_INFOTIP 0x0400
 #define LVS_EX_LABELTIP 0x4000
@@ -33,10 +32,6 @@
 #define LVIS_SELECTED 0x0002
 #define LVIS_CUT 0x0004
 #define LVIS_STATEIMAGEMASK 0xF000
-
-#ifndef INDEXTOSTATEIMAGEMASK
-#define INDEXTOSTATEIMAGEMASK(index) ((index) << 12)
-#endif
 
 #define LVSIL_SMALL 1
 #define LVSIL_STATE 2
@@ -93,16 +88,10 @@
 #define LVM_EDITLABELW (LVM_FIRST + 118)
 
 #define LVN_FIRST (0U - 100U)
-#define LVN_ITEMCHANGING (LVN_FIRST - 0)
 #define LVN_ITEMCHANGED (LVN_FIRST - 1)
-#define LVN_INSERTITEM (LVN_FIRST - 2)
-#define LVN_DELETEITEM (LVN_FIRST - 3)
-#define LVN_DELETEALLITEMS (LVN_FIRST - 4)
 #define LVN_COLUMNCLICK (LVN_FIRST - 8)
 #define LVN_BEGINDRAG (LVN_FIRST - 9)
-#define LVN_BEGINRDRAG (LVN_FIRST - 11)
 #define LVN_KEYDOWN (LVN_FIRST - 55)
-#define LVN_MARQUEEBEGIN (LVN_FIRST - 56)
 #define LVN_GETINFOTIPW (LVN_FIRST - 58)
 #define LVN_BEGINLABELEDITW (LVN_FIRST - 75)
 #define LVN_ENDLABELEDITW (LVN_FIRST - 76)
@@ -161,18 +150,6 @@ struct NMLISTVIEW {
   LPARAM lParam;
 };
 
-struct NMITEMACTIVATE {
-  NMHDR hdr;
-  int iItem;
-  int iSubItem;
-  UINT uNewState;
-  UINT uOldState;
-  UINT uChanged;
-  POINT ptAction;
-  LPARAM lParam;
-  UINT uKeyFlags;
-};
-
 struct NMLVDISPINFOW {
   NMHDR hdr;
   LVITEMW item;
@@ -188,12 +165,6 @@ struct NMLVGETINFOTIPW {
   LPARAM lParam;
 };
 
-struct NMLVKEYDOWN {
-  NMHDR hdr;
-  WORD wVKey;
-  UINT flags;
-} __attribute__((packed));
-
 static_assert(sizeof(LVITEMW) == 88 && sizeof(LVCOLUMNW) == 56 && sizeof(LVHITTESTINFO) == 24);
 static_assert(sizeof(NMLISTVIEW) == 64 && sizeof(NMLVDISPINFOW) == 112);
-static_assert(sizeof(NMLVGETINFOTIPW) == 64 && sizeof(NMITEMACTIVATE) == 72);
+static_assert(sizeof(NMLVGETINFOTIPW) == 64);

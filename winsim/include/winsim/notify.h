@@ -5,9 +5,6 @@
 
 #define WINSIM_CODE(first, offset) (static_cast<UINT>(0) - (first) - (offset))
 
-#define NM_CLICK WINSIM_CODE(0U, 2U)
-#define NM_RETURN WINSIM_CODE(0U, 4U)
 #define NM_RCLICK WINSIM_CODE(0U, 5U)
 #define NM_SETFOCUS WINSIM_CODE(0U, 7U)
 #define NM_KILLFOCUS WINSIM_CODE(0U, 8U)
-#define NM_RELEASEDCAPTURE WINSIM_CODE(0U, 16U)

@@ -1,4 +1,4 @@
-// The tree control's messages, styles, notifications and records.
+// Messages, styles, notifications and records of the tree control.
 #pragma once
 
 #include "image_list.h"
@@ -17,7 +17,6 @@ using HTREEITEM = _TREEITEM*;
 #define TVS_SHOWSELALWAYS 0x0020
 #define TVS_NOTOOLTIPS 0x0080
 #define TVS_CHECKBOXES 0x0100
-#define TVS_TRACKSELECT 0x0200
 #define TVS_INFOTIP 0x0800
 #define TVS_FULLROWSELECT 0x1000
 #define TVS_NOSCROLL 0x2000
@@ -35,7 +34,6 @@ using HTREEITEM = _TREEITEM*;
 #define TVIS_EXPANDED 0x0020
 #define TVIS_EXPANDEDONCE 0x0040
 #define TVIS_STATEIMAGEMASK 0xF000
-#define INDEXTOSTATEIMAGEMASK(index) ((index) << 12)
 
 #define LPSTR_TEXTCALLBACKW (reinterpret_cast<LPWSTR>(static_cast<INT_PTR>(-1)))
 
@@ -72,10 +70,6 @@ using HTREEITEM = _TREEITEM*;
 #define TVHT_TORIGHT 0x0400
 #define TVHT_TOLEFT 0x0800
 
-#define TVC_UNKNOWN 0x0000
-#define TVC_BYMOUSE 0x0001
-#define TVC_BYKEYBOARD 0x0002
-
 #define TV_FIRST 0x1100
 #define TVM_DELETEITEM (TV_FIRST + 1)
 #define TVM_EXPAND (TV_FIRST + 2)
@@ -106,7 +100,6 @@ using HTREEITEM = _TREEITEM*;
 #define TVN_ITEMEXPANDINGW (TVN_FIRST - 54)
 #define TVN_ITEMEXPANDEDW (TVN_FIRST - 55)
 #define TVN_BEGINDRAGW (TVN_FIRST - 56)
-#define TVN_BEGINRDRAGW (TVN_FIRST - 57)
 #define TVN_DELETEITEMW (TVN_FIRST - 58)
 #define TVN_BEGINLABELEDITW (TVN_FIRST - 59)
 #define TVN_ENDLABELEDITW (TVN_FIRST - 60)
@@ -178,13 +171,7 @@ struct NMTVGETINFOTIPW {
   LPARAM lParam;
 };
 
-struct NMTVKEYDOWN {
-  NMHDR hdr;
-  WORD wVKey;
-  UINT flags;
-} __attribute__((packed));
-
 static_assert(sizeof(TVITEMW) == 56 && sizeof(TVITEMEXW) == 80);
 static_assert(sizeof(TVINSERTSTRUCTW) == 96 && sizeof(TVHITTESTINFO) == 24);
 static_assert(sizeof(NMTREEVIEWW) == 152 && sizeof(NMTVDISPINFOW) == 80);
-static_assert(sizeof(NMTVGETINFOTIPW) == 56 && sizeof(NMTVKEYDOWN) == 30);
+static_assert(sizeof(NMTVGETINFOTIPW) == 56);

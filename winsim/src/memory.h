@@ -1,8 +1,0 @@
-#pragma once
-
-namespace winsim {
-
-int CountGlobalBlocks();
-int CountTaskBlocks();
-
-}  // namespace winsim

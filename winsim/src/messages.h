@@ -1,8 +1,0 @@
-#pragma once
-
-namespace winsim {
-
-// Empties the queue of posted messages.
-void ForgetAllMessages();
-
-}  // namespace winsim

@@ -1,7 +1,0 @@
-#pragma once
-
-namespace winsim {
-
-void ForgetDragScript();
-
-}  // namespace winsim

@@ -1,0 +1,10 @@
+#include "shell/shell_object.h"
+
+namespace winsim {
+
+int& LiveInterfaces() {
+  static int live = 0;
+  return live;
+}
+
+}  // namespace winsim
