@@ -38,11 +38,12 @@ zip_folder() {
   cd "$root"
 }
 
+umask 022
 cmake --install "$windows" --prefix "$folder/$package" >/dev/null
-cp "$windows/bin/demo.exe" "$folder/$package/bin/"
-for image in "$folder/$package/bin/"*.{dll,exe}; do
+for image in "$folder/$package/bin/"*.dll; do
   strip_image "$image"
 done
+x86_64-w64-mingw32-strip --strip-all -o "$folder/$package/bin/demo.exe" "$windows/bin/demo.exe"
 documents=$folder/$package/share/doc/qvl
 mkdir -p "$documents/docs"
 cp README.md CHANGELOG.md "$documents/"
