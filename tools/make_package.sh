@@ -55,7 +55,10 @@ sed -i '/^# Programs built/,$d' "$folder/$package/examples/mingw-w64.cmake"
 zip_folder "$package"
 
 mkdir "$folder/$check"
-cp tests/check/check.cmd tests/check/README.txt "$folder/$check/"
+# Windows' command processor finds labels reliably only in files with its own line ends.
+for file in check.cmd README.txt; do
+  sed 's/$/\r/' "tests/check/$file" >"$folder/$check/$file"
+done
 for program in qvl_tests activation_test icon_refill_test; do
   cp "$windows/bin/$program.exe" "$windows/bin/${program}_version_6.exe" "$folder/$check/"
 done
