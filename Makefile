@@ -11,7 +11,8 @@ demo: packages
 	@tools/build.sh windows demo
 	@tools/run_demo.sh $(if $(DIR),"$(DIR)")
 
-test: packages
+test:
+	@tools/install_packages.sh test
 	@tests/scripts/run_tests.sh
 
 # make fuzz [TIME=seconds]

@@ -1,5 +1,5 @@
 // A list with columns. A click on a title sorts by that column, a second click the other way round.
-#include <qvl_host.h>
+#include "frame.h"
 
 #include <string>
 
@@ -46,43 +46,39 @@ class Client final : public qvl::Client {
   bool descending = false;
 };
 
+// Sets the text of a further cell of the row.
+void SetCell(IQVLTreeView& view, ItemHandle row, int column, int number) {
+  QVLTreeViewItem cell;
+  cell.SetSubItem(column);
+  cell.SetItemName(std::to_wstring(number).c_str());
+  view.InsertItem(&cell, row);
+}
+
 void Fill(IQVLTreeView& view) {
+  const qvl::DrawingPause pause(view);
   QVLTreeViewItem record;
   for (std::int64_t index = 0; index < std::ssize(kPlanets); ++index) {
     const Planet& planet = kPlanets[index];
-    record.SetSubItem(0);
     record.SetItemName(planet.name);
     record.SetClientPtr(index);
     const ItemHandle row = view.InsertItem(&record, -1);
-    record.SetSubItem(1);
-    record.SetItemName(std::to_wstring(planet.diameter).c_str());
-    view.InsertItem(&record, row);
-    record.SetSubItem(2);
-    record.SetItemName(std::to_wstring(planet.moons).c_str());
-    view.InsertItem(&record, row);
+    SetCell(view, row, 1, planet.diameter);
+    SetCell(view, row, 2, planet.moons);
   }
 }
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
-  INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES};
-  InitCommonControlsEx(&controls);
-  const HWND window = CreateWindowExW(0, L"STATIC", L"Planets", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                      100, 100, 340, 260, nullptr, nullptr, instance, nullptr);
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  Frame frame(L"Planets", 340, 190);
   Client client;
   const qvl::ViewOwner view = qvl::MakeView();
   view->SetClient(&client);
-  RECT area{};
-  GetClientRect(window, &area);
-  if (!view->Create(window, 1, 0, 0, area.right, area.bottom, QVLS_LISTVIEW | QVLS_SORTHEADER,
-                    nullptr)) {
-    return 1;
-  }
+  if (!frame.Show(*view, QVLS_LISTVIEW | QVLS_SORTHEADER)) return 1;
   Fill(*view);
 
   MSG message;
-  while (IsWindow(window) && GetMessageW(&message, nullptr, 0, 0) > 0) {
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

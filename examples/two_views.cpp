@@ -1,5 +1,5 @@
 // One view that is a tree or a list. F6 switches; checked items stay checked.
-#include <qvl_host.h>
+#include "frame.h"
 
 #include <vector>
 
@@ -15,12 +15,11 @@ std::vector<Entry> entries = {{L"Music", -1, false},  {L"Jazz", 0, true},    {L"
                               {L"Films", -1, false},  {L"Comedy", 3, false}, {L"Crime", 3, true},
                               {L"Thriller", 5, true}, {L"Games", -1, false}};
 
+constexpr std::uint32_t kTreeStyle = QVLS_HASBUTTONS | QVLS_HASLINES | QVLS_LINESATROOT;
 constexpr std::uint32_t kListStyle = QVLS_LISTVIEW | QVLS_NOCOLUMNHEADER;
 
-qvl::Client client;  // no callback is needed here
-
-// Items carry the index of their entry. A list asks for the indent of the parent row, so both kinds
-// of view are filled in the same way.
+// An item's client value is the index of its entry. In a list the parent row gives the indent, so
+// both kinds of view are filled in the same way.
 void Fill(IQVLTreeView& view) {
   const qvl::DrawingPause pause(view);
   std::vector<ItemHandle> items;
@@ -34,6 +33,7 @@ void Fill(IQVLTreeView& view) {
         view.InsertItem(&record, top ? -1 : items[static_cast<std::size_t>(entry.parent)]));
   }
   view.ExpandAll();
+  view.EnsureVisible(-1);
 }
 
 void KeepChecks(IQVLTreeView& view) {
@@ -45,35 +45,27 @@ void KeepChecks(IQVLTreeView& view) {
   }
 }
 
-bool Show(IQVLTreeView& view, HWND window, bool asList) {
+bool Show(IQVLTreeView& view, Frame& frame, bool asList) {
   if (view.GetControlWindow()) KeepChecks(view);
-  RECT area{};
-  GetClientRect(window, &area);
-  const std::uint32_t style = QVLS_CHECKBOXES | QVLS_HASBUTTONS | QVLS_LINESATROOT;
-  const bool created = view.Create(window, 1, 0, 0, area.right, area.bottom,
-                                   asList ? style | kListStyle : style, nullptr) != nullptr;
-  if (!created) return false;
+  if (!frame.Show(view, QVLS_CHECKBOXES | (asList ? kListStyle : kTreeStyle))) return false;
   Fill(view);
-  SetFocus(view.GetControlWindow());
-  SetWindowTextW(window, asList ? L"List - F6: tree" : L"Tree - F6: list");
+  frame.SetTitle(asList ? L"List - F6: tree" : L"Tree - F6: list");
   return true;
 }
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
-  INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES};
-  InitCommonControlsEx(&controls);
-  const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100,
-                                      300, 260, nullptr, nullptr, instance, nullptr);
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  Frame frame(L"", 220, 180);
+  qvl::Client client;  // no callback is needed here
   const qvl::ViewOwner view = qvl::MakeView();
   view->SetClient(&client);
-  if (!Show(*view, window, false)) return 1;
+  if (!Show(*view, frame, false)) return 1;
 
   MSG message;
-  while (IsWindow(window) && GetMessageW(&message, nullptr, 0, 0) > 0) {
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {
-      Show(*view, window, !qvl::IsList(*view));
+      if (!Show(*view, frame, !qvl::IsList(*view))) return 1;
       continue;
     }
     TranslateMessage(&message);

@@ -1,5 +1,5 @@
 #!/bin/bash
-# install_packages.sh [build|lint|fuzz|coverage|docs]: installs the Debian packages for that purpose
+# install_packages.sh [build|test|lint|fuzz|coverage|docs]: installs the Debian packages for that purpose
 # that are missing. If none is missing, it needs no network. Without root it prints the command.
 set -euo pipefail
 
@@ -19,12 +19,13 @@ packages=(
 )
 case "${1:-build}" in
   build) ;;
+  test) packages+=(doxygen pkg-config) ;;
   lint) packages+=(clang-format clang-tidy shellcheck) ;;
   fuzz) packages+=(clang libclang-rt-14-dev) ;;
   coverage) packages+=(gcovr) ;;
   docs) packages+=(doxygen) ;;
   *)
-    echo "usage: install_packages.sh [build|lint|fuzz|coverage|docs]" >&2
+    echo "usage: install_packages.sh [build|test|lint|fuzz|coverage|docs]" >&2
     exit 2
     ;;
 esac

@@ -38,11 +38,12 @@ zip_folder() {
   cd "$root"
 }
 
+umask 022
 cmake --install "$windows" --prefix "$folder/$package" >/dev/null
-cp "$windows/bin/demo.exe" "$folder/$package/bin/"
-for image in "$folder/$package/bin/"*.{dll,exe}; do
+for image in "$folder/$package/bin/"*.dll; do
   strip_image "$image"
 done
+x86_64-w64-mingw32-strip --strip-all -o "$folder/$package/bin/demo.exe" "$windows/bin/demo.exe"
 documents=$folder/$package/share/doc/qvl
 mkdir -p "$documents/docs"
 cp README.md CHANGELOG.md "$documents/"
@@ -54,7 +55,10 @@ sed -i '/^# Programs built/,$d' "$folder/$package/examples/mingw-w64.cmake"
 zip_folder "$package"
 
 mkdir "$folder/$check"
-cp tests/check/check.cmd tests/check/README.txt "$folder/$check/"
+# Windows' command processor finds labels reliably only in files with its own line ends.
+for file in check.cmd README.txt; do
+  sed 's/$/\r/' "tests/check/$file" >"$folder/$check/$file"
+done
 for program in qvl_tests activation_test icon_refill_test; do
   cp "$windows/bin/$program.exe" "$windows/bin/${program}_version_6.exe" "$folder/$check/"
 done
