@@ -52,10 +52,25 @@ class DragDropTest : public EachSelectionView {
     return block;
   }
 
+  static HGLOBAL WINAPI Alloc(UINT flags, SIZE_T wanted) {
+    EXPECT_EQ(flags, 0u);
+    if (noBlock) return nullptr;
+    ++held;
+    return std::memset(GlobalAlloc(flags, size = wanted), 0xCD, wanted);  // fixed: its own address
+  }
   static HGLOBAL WINAPI Free(HGLOBAL block) {
     --held;
     return GlobalFree(block);
   }
+  static LPVOID WINAPI Lock(HGLOBAL block) {
+    held += !noLock;
+    return noLock ? nullptr : GlobalLock(block);
+  }
+  static BOOL WINAPI Unlock(HGLOBAL block) {
+    --held;
+    return GlobalUnlock(block);
+  }
+  static DWORD WINAPI MessagePosition() { return messagePosition; }
 
   // The library's global memory: counted with its locks, filled with rubbish, or refused.
   static inline SIZE_T size = 0;
@@ -65,23 +80,11 @@ class DragDropTest : public EachSelectionView {
   static inline DWORD messagePosition = 0;
 
   FakeDrag drag;
-  ImportPatch patches[5] = {
-      {"GetMessagePos", +[] { return messagePosition; }},
-      {"GlobalFree", &Free},
-      {"GlobalAlloc", +[](UINT flags, SIZE_T wanted) {
-         EXPECT_EQ(flags, 0u);
-         const HGLOBAL block = noBlock ? nullptr : GlobalAlloc(flags, size = wanted);
-         held += block != nullptr;
-         return block ? std::memset(block, 0xCD, size) : nullptr;  // fixed: its own address
-       }},
-      {"GlobalLock", +[](HGLOBAL block) {
-         held += !noLock;
-         return noLock ? nullptr : GlobalLock(block);
-       }},
-      {"GlobalUnlock", +[](HGLOBAL block) {
-         --held;
-         return GlobalUnlock(block);
-       }}};
+  const ImportPatch patches[5] = {{"GetMessagePos", &MessagePosition},
+                                  {"GlobalAlloc", &Alloc},
+                                  {"GlobalFree", &Free},
+                                  {"GlobalLock", &Lock},
+                                  {"GlobalUnlock", &Unlock}};
 };
 
 INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, EACH_VIEW, ViewName);
@@ -142,9 +145,7 @@ TEST_P(DragDropTest, ButtonsAndEscapeDecideTheDrag) {
     EXPECT_EQ(source->QueryContinueDrag(FALSE, MK_LBUTTON | MK_RBUTTON), DRAGDROP_S_CANCEL);
     EXPECT_EQ(source->QueryContinueDrag(FALSE, MK_LBUTTON | MK_CONTROL | MK_SHIFT), S_OK);
     EXPECT_EQ(source->QueryContinueDrag(FALSE, MK_CONTROL | MK_MBUTTON), DRAGDROP_S_DROP);
-    for (const DWORD effect : {DROPEFFECT_NONE, DROPEFFECT_COPY, DROPEFFECT_MOVE}) {
-      EXPECT_EQ(source->GiveFeedback(effect), DRAGDROP_S_USEDEFAULTCURSORS);
-    }
+    EXPECT_EQ(source->GiveFeedback(DROPEFFECT_COPY), DRAGDROP_S_USEDEFAULTCURSORS);
   });
 }
 

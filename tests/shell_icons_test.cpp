@@ -103,8 +103,7 @@ TEST_P(ShellIcons, TypeAndLengthDecideTheQuestion) {
 }
 
 TEST_P(ShellIcons, ImageIsTheShellsInATreeWithinTheCountOfItsList) {
-  for (const auto& [index, imageInTree] :
-       {std::pair{0, 0}, {2, 2}, {3, 3}, {4, 3}, {1000, 3}}) {
+  for (const auto& [index, imageInTree] : {std::pair{0, 0}, {2, 2}, {3, 3}, {4, 3}, {1000, 3}}) {
     icons.index = index;
     EXPECT_EQ(ImagesOf(TEXT("a")), IsList() ? Images(2, index) : Images(4, imageInTree)) << index;
   }

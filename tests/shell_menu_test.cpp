@@ -23,8 +23,7 @@ const std::string kObject = kTaken + "GetUIObjectOf C:\\a\\: x|";
 const std::string kFilled = kObject + "CreatePopupMenu|QueryContextMenu|";
 const std::string kTracked = kFilled + "QueryInterface|Track 10,20|";
 const std::string kMenuReleased = "DestroyMenu|Release menu|";
-const std::string kReleased =
-    "Release C:\\a\\|Release desktop|Free array|Release allocator|shown";
+const std::string kReleased = "Release C:\\a\\|Release desktop|Free array|Release allocator|shown";
 
 class ShellMenuTest : public EachSelectionView {
  protected:
@@ -98,8 +97,8 @@ TEST_P(ShellMenuTest, NamesReachTheShellUnchanged) {
 }
 
 TEST_P(ShellMenuTest, NameThatCannotBeCopiedIsUnknown) {
-  const ImportPatch patch("_ZN7VornSDK4Util4WStr12dataForWriteEi",
-                          +[](void*, int) -> WCHAR* { return nullptr; });
+  const auto noText = [](void*, int) -> WCHAR* { return nullptr; };
+  const ImportPatch patch("_ZN7VornSDK4Util4WStr12dataForWriteEi", +noText);
   EXPECT_EQ(Show({kFileX}),
             "SHGetMalloc|Alloc 8|SHGetDesktopFolder|Bind nothing|Free array|Release desktop|"
             "Release allocator|not shown");
@@ -167,35 +166,37 @@ TEST_P(ShellMenuTest, OnlyNamedFilesOfASelectionStartAnything) {
 }
 
 // The platform's own shell, up to the point where a menu would wait for the user.
-class RealShellTest : public EachSelectionView {
- protected:
-  static inline int entries = 0;
-  ImportPatch patch{"TrackPopupMenu",
-                    +[](HMENU menu, UINT, int, int, int, HWND window, const RECT*) -> BOOL {
-                      entries = GetMenuItemCount(menu);
-                      SendMessageW(window, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
-                      return 0;
-                    }};
-};
+using RealShellTest = EachSelectionView;
 
 INSTANTIATE_TEST_SUITE_P(Views, RealShellTest, EACH_VIEW, ViewName);
 
 TEST_P(RealShellTest, OffersTheMenuOfARealFile) {
-  const Text unknown = TEXT("C:\\no\\such\\file");
+  static int entries;
+  const auto track = [](HMENU menu, UINT, int, int, int, HWND window, const RECT*) -> BOOL {
+    entries = GetMenuItemCount(menu);
+    SendMessageW(window, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
+    return 0;
+  };
+  const ImportPatch patch("TrackPopupMenu", +track);
   WCHAR program[MAX_PATH] = {};
   ASSERT_GT(GetModuleFileNameW(nullptr, program, MAX_PATH), 0u);
-  const auto entriesOf = [&](const FileNameList& files) {
-    AnswerWith(files);
-    entries = 0;
-    const bool shown = view->ShowContextMenu(10, 20);
-    EXPECT_EQ(shown, entries > 1);
-    return entries;
+  const Text unknown = TEXT("C:\\no\\such\\file");
+  const struct {
+    FileNameList files;
+    bool shown;
+  } cases[] = {
+      {{program}, true},
+      // The folder of the first file gets an empty id for the unknown one.
+      {{program, unknown}, true},
+      {{unknown, program}, false},
+      {{TEXT("relative.txt"), program}, false},
   };
-  // The folder of the first file gets an empty id for the unknown one.
-  EXPECT_GT(entriesOf({program}), 1);
-  EXPECT_GT(entriesOf({program, unknown}), 1);
-  EXPECT_EQ(entriesOf({unknown, program}), 0);
-  EXPECT_EQ(entriesOf({TEXT("relative.txt"), program}), 0);
+  for (const auto& test : cases) {
+    AnswerWith(test.files);
+    entries = 0;
+    EXPECT_EQ(view->ShowContextMenu(10, 20), test.shown);
+    EXPECT_EQ(entries > 1, test.shown);
+  }
 }
 
 }  // namespace

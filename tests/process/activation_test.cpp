@@ -92,7 +92,6 @@ TEST_F(Activation, ContextIsFoundOnceAndUsedForEveryWindow) {
   };
   const std::string found = "Activate fake|Find|Deactivate|";
   std::vector<Row> rows = {
-      {"no call", {}},
       {"Find", {0, TRUE}, kSearch + "Activate 0|Find|LoadLibraryW|Deactivate|"},
       {"QueryActCtxW", {0, kFake}, "QueryActCtxW|" + found, "Activate fake|"},
       {"CreateActCtxW", {0, kFake}, kSearch + found, "Activate fake|"},
@@ -185,8 +184,9 @@ TEST_F(Activation, ImageFunctionsAreLookedUpUntilFound) {
 
     platform->answers.clear();
     EXPECT_TRUE(view->SetBkColor(RGB(1, 2, 3)));
-    EXPECT_EQ(Take(), "Activate 0|Activate 0|Lookup ImageList_SetBkColor|Deactivate|"
-                      "ImageList_SetBkColor|Deactivate|");
+    EXPECT_EQ(Take(),
+              "Activate 0|Activate 0|Lookup ImageList_SetBkColor|Deactivate|"
+              "ImageList_SetBkColor|Deactivate|");
     EXPECT_TRUE(view->SetBkColor(RGB(3, 2, 1)));
     EXPECT_EQ(Take(), "Activate 0|ImageList_SetBkColor|Deactivate|");
     EXPECT_EQ(CountOf(UseIcons(), "LoadLibraryW"), 0);
@@ -208,9 +208,10 @@ TEST_F(Activation, FailedImageCallKeepsItsErrorAndAnOrdinaryResultDoesNot) {
     // An empty list counts as a failure.
     platform->answers = {{"ImageList_GetImageCount", {kSomeError}}};
     EXPECT_TRUE(view->UseSystemImageList());
-    EXPECT_EQ(Take(), "Activate 0|ImageList_GetImageCount|Deactivate|"
-                      "Activate 0|ImageList_Remove|Deactivate|"
-                      "Activate 0|ImageList_SetBkColor|Deactivate|");
+    EXPECT_EQ(Take(),
+              "Activate 0|ImageList_GetImageCount|Deactivate|"
+              "Activate 0|ImageList_Remove|Deactivate|"
+              "Activate 0|ImageList_SetBkColor|Deactivate|");
     EXPECT_EQ(platform->errorsAt["Activate 0"].at(1), kSomeError);
   });
 }

@@ -15,8 +15,8 @@ namespace {
 
 // The calls that make, fill or colour a list, with the letters of the logs.
 const std::map<std::string, char> kLetters = {
-    {"ImageList_Create", 'N'},  {"ImageList_Destroy", 'X'},     {"ImageList_Remove", 'R'},
-    {"ImageList_GetIcon", 'G'}, {"ImageList_ReplaceIcon", 'A'}, {"DestroyIcon", 'D'},
+    {"ImageList_Create", 'N'},     {"ImageList_Destroy", 'X'},     {"ImageList_Remove", 'R'},
+    {"ImageList_GetIcon", 'G'},    {"ImageList_ReplaceIcon", 'A'}, {"DestroyIcon", 'D'},
     {"ImageList_SetBkColor", 'C'},
 };
 
@@ -227,8 +227,8 @@ TEST_F(IconRefill, FollowsEachNewTypeOfTheShellOnTestRuntime) {
   EXPECT_TRUE(HoldsCopies(ListOf(view), system)) << "on the colour that the first view set";
   const int first = ImageList_GetImageCount(system);
   int count = first;
-  for (const WCHAR* name : {TEXT("f.txt"), TEXT("f.chm"), TEXT("f.msi"), TEXT("f.zA"),
-                            TEXT("f.zB"), TEXT("f.txt"), TEXT("f.msi"), TEXT("f.zA")}) {
+  for (const WCHAR* name : {TEXT("f.txt"), TEXT("f.chm"), TEXT("f.msi"), TEXT("f.zA"), TEXT("f.zB"),
+                            TEXT("f.txt"), TEXT("f.msi"), TEXT("f.zA")}) {
     file.SetFileName(name);
     const std::string log = InsertFile(view);
     const int now = ImageList_GetImageCount(system);

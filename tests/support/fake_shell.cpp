@@ -57,7 +57,9 @@ HRESULT Give(const std::string& call, const std::string& what, void** object);
 // Every object of the shell.
 class Object final : public IMalloc, public IShellFolder, public IContextMenu2 {
  public:
-  explicit Object(const std::string& what) : name(what) { shell->held.emplace(this, "Release " + what); }
+  explicit Object(const std::string& what) : name(what) {
+    shell->held.emplace(this, "Release " + what);
+  }
 
   HRESULT QueryInterface(REFIID riid, void** object) override {
     EXPECT_TRUE(IsEqualIID(riid, IID_IContextMenu2));
@@ -173,31 +175,41 @@ BOOL WINAPI Track(HMENU menu, UINT flags, int x, int y, int reserved, HWND windo
   return shell->onTrack();
 }
 
+HRESULT WINAPI GetMalloc(void** object) {
+  return Give<IMalloc>("SHGetMalloc", "allocator", object);
+}
+
+HRESULT WINAPI GetDesktop(void** object) {
+  return Give<IShellFolder>("SHGetDesktopFolder", "desktop", object);
+}
+
+HMENU WINAPI CreatePopup() {
+  if (!shell->Succeeds("CreatePopupMenu")) return nullptr;
+  shell->held.emplace(kMenu, "DestroyMenu");
+  return kMenu;
+}
+
+BOOL WINAPI DestroyPopup(HMENU menu) {
+  shell->Drop(menu);
+  return TRUE;
+}
+
+void* AllocateCopy(std::size_t size) {
+  const bool fails = std::exchange(shell->nextCopyFails, false);
+  return fails ? nullptr : new (std::nothrow) BYTE[size];
+}
+
 }  // namespace
 
 FakeShell::FakeShell() {
   shell = this;
   patches.emplace_back("SHBindToParent", &BindToParent);
   patches.emplace_back("TrackPopupMenu", &Track);
-  patches.emplace_back("SHGetMalloc", +[](void** object) {
-    return Give<IMalloc>("SHGetMalloc", "allocator", object);
-  });
-  patches.emplace_back("SHGetDesktopFolder", +[](void** object) {
-    return Give<IShellFolder>("SHGetDesktopFolder", "desktop", object);
-  });
-  patches.emplace_back("CreatePopupMenu", +[] {
-    if (!shell->Succeeds("CreatePopupMenu")) return HMENU();
-    shell->held.emplace(kMenu, "DestroyMenu");
-    return kMenu;
-  });
-  patches.emplace_back("DestroyMenu", +[](HMENU menu) {
-    shell->Drop(menu);
-    return TRUE;
-  });
-  patches.emplace_back(kAllocateCopy, +[](std::size_t size) -> void* {
-    const bool fails = std::exchange(shell->nextCopyFails, false);
-    return fails ? nullptr : new (std::nothrow) BYTE[size];
-  });
+  patches.emplace_back("SHGetMalloc", &GetMalloc);
+  patches.emplace_back("SHGetDesktopFolder", &GetDesktop);
+  patches.emplace_back("CreatePopupMenu", &CreatePopup);
+  patches.emplace_back("DestroyMenu", &DestroyPopup);
+  patches.emplace_back(kAllocateCopy, &AllocateCopy);
 }
 
 FakeShell::~FakeShell() { shell = nullptr; }

@@ -81,10 +81,11 @@ TEST_P(LifeCycle, ReceiverThatKeepsTheDataObjectGetsAnError) {
     return true;
   };
   static IStream* stream = nullptr;
-  const ImportPatch patch("DoDragDrop", +[](IDataObject* data, IDropSource*, DWORD, DWORD*) {
+  const auto marshal = [](IDataObject* data, IDropSource*, DWORD, DWORD*) -> HRESULT {
     EXPECT_EQ(CoMarshalInterThreadInterfaceInStream(IID_IDataObject, data, &stream), S_OK);
-    return HRESULT{DRAGDROP_S_DROP};
-  });
+    return DRAGDROP_S_DROP;
+  };
+  const ImportPatch patch("DoDragDrop", +marshal);
   NotifyOf(a, TreeOrList(TVN_BEGINDRAGW, LVN_BEGINDRAG));
   std::atomic<bool> done = false;
   std::thread receiver([&] {
