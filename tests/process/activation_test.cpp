@@ -124,7 +124,7 @@ TEST_F(Activation, FailedSearchMakesNoWindowAndIsRepeated) {
       {"GetModuleFileNameW", {0, 261}, ERROR_BUFFER_OVERFLOW},
       {"GetModuleFileNameW", {0, 262}, ERROR_BUFFER_OVERFLOW},
   };
-  for (const DWORD error : {kSomeError, 1u, 4u, 1811u, 1816u}) {
+  for (const DWORD error : {1u, 4u, 1811u, 1816u, 14001u}) {
     rows.push_back({"CreateActCtxW", {error, kFailed}});
   }
   WCHAR path[4] = {};
