@@ -1,183 +1,202 @@
-// The conversation with the shell behind ShowContextMenu.
+// The shell's context menu and the drag of a selection: when they start, and every call to the
+// shell.
 
 #include <windows.h>
 
-#include <algorithm>
 #include <string>
 
+#include "support/fake_drag.h"
 #include "support/fake_shell.h"
 #include "support/import_patch.h"
 #include "support/shell_test.h"
 
 namespace {
 
-const Name FILE_X = TEXT("C:\\a\\x");
+using Text = std::basic_string<WCHAR>;
 
-// The lines that stand in `text` between bars.
-Lines Split(const std::string& text) {
-  Lines lines;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find('|', start), text.size());
-    lines.push_back(text.substr(start, end - start));
-    start = end + 1;
-  }
-  return lines;
-}
+const Text kFileX = TEXT("C:\\a\\x");
+
+const std::string kStart = "SHGetMalloc|Alloc 8|SHGetDesktopFolder|";
+const std::string kParsed = "Parse C:\\a\\x|Bind C:\\a\\|Free ids|";
+const std::string kTaken = kStart + kParsed + kParsed + "Release C:\\a\\|";
+const std::string kObject = kTaken + "GetUIObjectOf C:\\a\\: x|";
+const std::string kFilled = kObject + "CreatePopupMenu|QueryContextMenu|";
+const std::string kTracked = kFilled + "QueryInterface|Track 10,20|";
+const std::string kMenuReleased = "DestroyMenu|Release menu|";
+const std::string kReleased = "Release C:\\a\\|Release desktop|Free array|Release allocator|shown";
 
 class ShellMenuTest : public EachSelectionView {
  protected:
-  bool Show(const FileNameList& names) {
+  // The log of a menu for `names`, and whether it was shown.
+  std::string Show(const FileNameList& names) {
     AnswerWith(names);
     const bool shown = view->ShowContextMenu(10, 20);
     EXPECT_TRUE(shell.HoldsNothing());
-    lines = shell.Take();
-    SendMenuMessage();
-    EXPECT_EQ(shell.Take(), Lines()) << "the menu is gone";
-    return shown;
+    const std::string log = shell.Take() + (shown ? "shown" : "not shown");
+    SendMessageW(parent, WM_INITMENUPOPUP, 0, 0);
+    EXPECT_EQ(shell.Take(), "") << "no menu is active";
+    return log;
   }
 
-  void SendMenuMessage() { SendMessageW(parent, WM_INITMENUPOPUP, 0, 0); }
-
-  Lines lines;  // of the last Show
+  FakeDrag drag;
   FakeShell shell;
 };
 
 INSTANTIATE_TEST_SUITE_P(Views, ShellMenuTest, EACH_VIEW, ViewName);
 
-TEST_P(ShellMenuTest, EverythingIsTakenAndReleasedInOrder) {
-  for (const int command : {1, 5, 0x7FFF}) {
-    shell.onTrack = [=] { return command; };
-    EXPECT_TRUE(Show({FILE_X, TEXT("D:\\b\\y")}));
-    EXPECT_EQ(lines,
-              Split("SHGetMalloc|Alloc 16|SHGetDesktopFolder|"
-                    "Parse C:\\a\\x|Bind C:\\a|Free ids|"
-                    "Parse C:\\a\\x|Bind C:\\a|Free ids|Release C:\\a|"
-                    "Parse D:\\b\\y|Bind D:\\b|Free ids|Release D:\\b|"
-                    "GetUIObjectOf C:\\a: x y|CreatePopupMenu|QueryContextMenu|QueryInterface|"
-                    "Track 10,20|Release menu 2|Invoke " +
-                    std::to_string(command - 1) +
-                    "|DestroyMenu|Release menu|"
-                    "Release C:\\a|Release desktop|Free array|Release allocator"));
-    EXPECT_EQ(shell.window, parent);
-  }
-}
-
-TEST_P(ShellMenuTest, FailuresEndTheConversationAndReleaseWhatWasTaken) {
-  const std::string parsed = "SHGetMalloc|Alloc 8|SHGetDesktopFolder|Parse C:\\a\\x|";
-  const std::string taken =
-      parsed + "Bind C:\\a|Free ids|Parse C:\\a\\x|Bind C:\\a|Free ids|Release C:\\a|";
-  const std::string object = taken + "GetUIObjectOf C:\\a: x|";
-  const std::string menu = object + "CreatePopupMenu|QueryContextMenu|";
-  const std::string released = "Release C:\\a|Release desktop|Free array|Release allocator";
-  // From the first folder on there is a menu in principle.
+TEST_P(ShellMenuTest, EverythingIsAcquiredAndReleasedInOrder) {
   const struct {
     const char* failing;
-    bool shown;
-    std::string lines;
+    std::string log;
   } cases[] = {
-      {"SHGetMalloc", false, "SHGetMalloc"},
-      {"Alloc", false, "SHGetMalloc|Alloc 8|Release allocator"},
-      {"SHGetDesktopFolder", false,
-       "SHGetMalloc|Alloc 8|SHGetDesktopFolder|Free array|Release allocator"},
-      {"Parse", false, parsed + "Bind nothing|Free array|Release desktop|Release allocator"},
-      {"child id of x", true, taken + released},
-      {"GetUIObjectOf", true, object + released},
-      {"CreatePopupMenu", true, object + "CreatePopupMenu|Release menu|" + released},
-      {"QueryContextMenu", true, menu + "DestroyMenu|Release menu|" + released},
-      {"QueryInterface", true,
-       menu + "QueryInterface|Track 10,20|DestroyMenu|Release menu|" + released},
-      {"nothing", true,
-       menu + "QueryInterface|Track 10,20|Release menu 2|DestroyMenu|Release menu|" + released},
+      {"SHGetMalloc", "SHGetMalloc|not shown"},
+      {"Alloc", "SHGetMalloc|Alloc 8|Release allocator|not shown"},
+      {"SHGetDesktopFolder", kStart + "Free array|Release allocator|not shown"},
+      {"Parse", kStart + "Parse C:\\a\\x|Bind nothing|Free array|Release desktop|"
+                         "Release allocator|not shown"},
+      // With the first folder the operation succeeds, with or without a menu.
+      {"id x", kTaken + kReleased},
+      {"GetUIObjectOf", kObject + kReleased},
+      {"CreatePopupMenu", kObject + "CreatePopupMenu|Release menu|" + kReleased},
+      {"QueryContextMenu", kFilled + kMenuReleased + kReleased},
+      {"QueryInterface", kTracked + kMenuReleased + kReleased},
+      {"nothing", kTracked + "Release menu 2|" + kMenuReleased + kReleased},
   };
   for (const auto& test : cases) {
     shell.failing = test.failing;
-    EXPECT_EQ(Show({FILE_X}), test.shown) << test.failing;
-    EXPECT_EQ(lines, Split(test.lines)) << test.failing;
+    EXPECT_EQ(Show({kFileX}), test.log) << test.failing;
+  }
+  for (const int command : {1, 5, 0x7FFF}) {
+    shell.onTrack = [=] { return command; };
+    const std::string invoke = "Invoke " + std::to_string(command - 1) + "|";
+    EXPECT_EQ(Show({kFileX}), kTracked + "Release menu 2|" + invoke + kMenuReleased + kReleased);
+  }
+  EXPECT_EQ(shell.window, parent);
+}
+
+TEST_P(ShellMenuTest, NamesReachTheShellUnchanged) {
+  const Text surrogates = TEXT("C:\\") + Text{WCHAR(0xD83D), WCHAR(0xDCC4)};
+  const Text longName = TEXT("D:\\b\\") + Text(32000, WCHAR('n'));
+  const std::string longText(32000, 'n');
+  shell.failing = "id y";
+  const std::string log = Show(
+      {kFileX, surrogates, TEXT("C:\\a\\y"), TEXT("gone"), longName, kFileX + Text(1, 0) + kFileX});
+  EXPECT_TRUE(log.starts_with(
+      "SHGetMalloc|Alloc 48|SHGetDesktopFolder|" + kParsed + kParsed + "Release C:\\a\\|" +
+      "Parse C:\\=\xC4|Bind C:\\|Free ids|Release C:\\|" +
+      "Parse C:\\a\\y|Bind C:\\a\\|Free ids|Release C:\\a\\|Parse gone|Bind nothing|" +
+      "Parse D:\\b\\" + longText + "|Bind D:\\b\\|Free ids|Release D:\\b\\|" + kParsed +
+      "Release C:\\a\\|" +
+      // The folder of the first name gets all ids: an empty one for a name that does not exist,
+      // null for one without memory.
+      "GetUIObjectOf C:\\a\\: x =\xC4 null  " + longText + " x|CreatePopupMenu|"))
+      << log;
+  for (const Text& unknown : {Text(), Text(TEXT("x.txt"))}) {
+    EXPECT_TRUE(Show({unknown, kFileX}).ends_with("|not shown"));
   }
 }
 
-TEST_P(ShellMenuTest, LaterNamesThatFailContributeAnEmptyIdOrNone) {
-  shell.unknown = TEXT("C:\\a\\gone");
-  shell.failing = "child id of y";
-  EXPECT_TRUE(Show({FILE_X, shell.unknown, TEXT("C:\\a\\y"), TEXT("C:\\a\\z")}));
-  // The unknown name's id is empty, and the third has no copy at all.
-  EXPECT_EQ(std::ranges::count(lines, "GetUIObjectOf C:\\a: x  null z"), 1);
-  EXPECT_EQ(std::ranges::count(lines, "Track 10,20"), 1);
+TEST_P(ShellMenuTest, NameThatCannotBeCopiedIsUnknown) {
+  const auto noText = [](void*, int) -> WCHAR* { return nullptr; };
+  const ImportPatch patch("_ZN7VornSDK4Util4WStr12dataForWriteEi", +noText);
+  EXPECT_EQ(Show({kFileX}),
+            "SHGetMalloc|Alloc 8|SHGetDesktopFolder|Bind nothing|Free array|Release desktop|"
+            "Release allocator|not shown");
 }
 
-TEST_P(ShellMenuTest, NamesReachTheShellAsTheyAre) {
-  const Name longName = TEXT("C:\\") + Name(32000, WCHAR('n'));
-  const Name surrogates = TEXT("C:\\") + Name{WCHAR(0xD83D), WCHAR(0xDCC4)};
-  const Name relative = TEXT("x.txt");
-  const struct {
-    FileNameList names;
-    bool shown;
-  } cases[] = {
-      {{FILE_X}, true},
-      {{FILE_X, surrogates, longName}, true},
-      {{longName}, true},
-      {{TEXT("C:\\")}, true},
-      {{FILE_X, relative, Name()}, true},
-      {{relative, FILE_X}, false},
-      {{Name(), FILE_X}, false},
-  };
-  for (const auto& test : cases) {
-    EXPECT_EQ(Show(test.names), test.shown);
-    // The first name is asked for twice, the later ones only if the first one was found.
-    FileNameList expected = {test.names.front()};
-    if (test.shown) expected.insert(expected.end(), test.names.begin(), test.names.end());
-    EXPECT_TRUE(shell.parsed == expected) << shell.parsed.size();
-    shell.parsed.clear();
-  }
-
-  EXPECT_TRUE(Show({FILE_X + Name(1, WCHAR()) + TEXT("y")}));
-  EXPECT_TRUE(shell.parsed.front() == FILE_X);
-}
-
-WCHAR* NoText(void*, int) { return nullptr; }
-
-TEST_P(ShellMenuTest, ANameThatCannotBeCopiedIsUnknown) {
-  const ImportPatch patch("_ZN7VornSDK4Util4WStr12dataForWriteEi", &NoText);
-  EXPECT_FALSE(Show({FILE_X}));
-  EXPECT_TRUE(shell.parsed.empty());
-}
-
-TEST_P(ShellMenuTest, MenuMessagesReachTheShellWhileTheMenuIsUp) {
-  const std::string handled =
-      "HandleMenuMsg 0x117 3 0|HandleMenuMsg 0x2B 3 0|HandleMenuMsg 0x2C 3 0|"
-      "HandleMenuMsg 0x120 3 0";
-  // A menu without the second interface tracks all the same, and nothing is handed on.
-  for (const char* failing : {"nothing", "QueryInterface"}) {
-    shell.failing = failing;
-    bool tracked = false;
-    shell.onTrack = [&] {
-      shell.Take();
-      for (const UINT message : {WM_INITMENUPOPUP, WM_DRAWITEM, WM_MEASUREITEM, WM_MENUCHAR,
-                                 WM_MENUSELECT, WM_ENTERIDLE}) {
-        SendMessageW(parent, message, 3, 0);
-      }
-      EXPECT_EQ(shell.Take(), shell.failing == "QueryInterface" ? Lines() : Split(handled));
-      tracked = true;
-      return 0;
-    };
-    EXPECT_TRUE(Show({FILE_X}));
-    EXPECT_TRUE(tracked);
-  }
-}
-
-TEST_P(ShellMenuTest, AMenuShownFromWithinAMenuLeavesTheOuterOneActive) {
+TEST_P(ShellMenuTest, ActiveMenuGetsMenuMessagesAlsoAfterANestedMenu) {
   int depth = 0;
   shell.onTrack = [&] {
     if (++depth == 1) {
       EXPECT_TRUE(view->ShowContextMenu(30, 40));
     }
     shell.Take();
-    SendMenuMessage();
-    EXPECT_EQ(shell.Take(), Lines{"HandleMenuMsg 0x117 0 0"}) << depth;
+    for (const UINT message : {WM_INITMENUPOPUP, WM_DRAWITEM, WM_MEASUREITEM, WM_MENUCHAR,
+                               WM_MENUSELECT, WM_ENTERIDLE}) {
+      SendMessageW(parent, message, 3, 0);
+    }
+    EXPECT_EQ(shell.Take(), shell.failing == "QueryInterface"
+                                ? ""
+                                : "HandleMenuMsg 279 3 0|HandleMenuMsg 43 3 0|"
+                                  "HandleMenuMsg 44 3 0|HandleMenuMsg 288 3 0|");
     return 0;
   };
-  EXPECT_TRUE(Show({FILE_X}));
-  EXPECT_EQ(depth, 2);
+  Show({kFileX});
+  shell.failing = "QueryInterface";
+  Show({kFileX});
+  EXPECT_EQ(depth, 3);
+}
+
+// In this order: what the client answers, then whether a drag and a menu start.
+TEST_P(ShellMenuTest, OnlyNamedFilesOfASelectionStartAnything) {
+  const std::string asked = "BeginDrag a c ShellContextMenu a c";
+  const auto expectStart = [&](bool starts, const std::string& heard) {
+    drag.runs = 0;
+    BeginDrag(a);
+    EXPECT_EQ(view->ShowContextMenu(10, 20), starts);
+    EXPECT_EQ(drag.runs, starts);
+    EXPECT_EQ(Heard(), heard);
+    EXPECT_EQ(shell.Take().empty(), !starts);
+    EXPECT_EQ(Selected(), "ac");
+  };
+  AnswerWith({});
+  expectStart(false, asked);
+  AnswerWith({kFileX}, false);
+  expectStart(false, asked);
+  AnswerWith({kFileX});
+  for (const HRESULT result : {E_UNEXPECTED, E_OUTOFMEMORY, DRAGDROP_S_CANCEL, DRAGDROP_S_DROP}) {
+    drag.onDrag = [=](IDataObject*, IDropSource*) { return result; };
+    expectStart(true, asked);
+  }
+  view->SetClient(nullptr);
+  expectStart(false, "");
+  view->SetClient(&client);
+
+  view->ClearSelection();
+  client.Take();
+  EXPECT_FALSE(view->ShowContextMenu(10, 20));
+  EXPECT_EQ(Heard(), "");
+  // The client deselects the item that the drag selects.
+  client.onItemSelectionChanged = [this](ItemHandle) {
+    client.onItemSelectionChanged = nullptr;
+    view->ClearSelection();
+  };
+  BeginDrag(b);
+  EXPECT_EQ(Heard().find("BeginDrag"), std::string::npos);
+}
+
+// The platform's own shell, up to the point where a menu would wait for the user.
+using RealShellTest = EachSelectionView;
+
+INSTANTIATE_TEST_SUITE_P(Views, RealShellTest, EACH_VIEW, ViewName);
+
+TEST_P(RealShellTest, OffersTheMenuOfARealFile) {
+  static int entries;
+  const auto track = [](HMENU menu, UINT, int, int, int, HWND window, const RECT*) -> BOOL {
+    entries = GetMenuItemCount(menu);
+    SendMessageW(window, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
+    return 0;
+  };
+  const ImportPatch patch("TrackPopupMenu", +track);
+  WCHAR program[MAX_PATH] = {};
+  ASSERT_GT(GetModuleFileNameW(nullptr, program, MAX_PATH), 0u);
+  const Text unknown = TEXT("C:\\no\\such\\file");
+  const struct {
+    FileNameList files;
+    bool shown;
+  } cases[] = {
+      {{program}, true},
+      // The folder of the first file gets an empty id for the unknown one.
+      {{program, unknown}, true},
+      {{unknown, program}, false},
+      {{TEXT("relative.txt"), program}, false},
+  };
+  for (const auto& test : cases) {
+    AnswerWith(test.files);
+    entries = 0;
+    EXPECT_EQ(view->ShowContextMenu(10, 20), test.shown);
+    EXPECT_EQ(entries > 1, test.shown);
+  }
 }
 
 }  // namespace

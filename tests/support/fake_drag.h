@@ -8,40 +8,34 @@
 
 #include "support/import_patch.h"
 
-// Stands in for the system's drag loop for the life of the object: what the library drags goes to
-// `onDrag`, whose result is the loop's. After each loop the library has to cut off its receivers.
+// Replaces the system's drag loop for the life of the object: `onDrag` gets what the library drags
+// and gives the loop's result. After each loop the library must disconnect its receivers.
 class FakeDrag {
  public:
   FakeDrag() { current = this; }
-  ~FakeDrag() {
-    EXPECT_EQ(dragged, nullptr);
-    current = nullptr;
-  }
+  ~FakeDrag() { EXPECT_EQ(dragged, nullptr); }
 
   int runs = 0;
   std::function<HRESULT(IDataObject* data, IDropSource* source)> onDrag =
       [](IDataObject*, IDropSource*) { return DRAGDROP_S_DROP; };
 
  private:
-  static inline FakeDrag* current = nullptr;
-
   static HRESULT WINAPI Run(IDataObject* data, IDropSource* source, DWORD allowed, DWORD* effect) {
-    EXPECT_EQ(allowed, 1u);
-    EXPECT_NE(effect, nullptr);
+    EXPECT_TRUE(allowed == DROPEFFECT_COPY && effect);
     ++current->runs;
     current->dragged = data;
     const HRESULT result = current->onDrag(data, source);
-    EXPECT_EQ(current->dragged, data) << "before the loop has ended";
+    EXPECT_EQ(current->dragged, data) << "disconnected before the loop has ended";
     return result;
   }
 
-  static HRESULT WINAPI CutOff(IUnknown* object, DWORD) {
-    EXPECT_EQ(object, current->dragged);
-    current->dragged = nullptr;
+  static HRESULT WINAPI Disconnect(IUnknown* object, DWORD) {
+    EXPECT_EQ(object, std::exchange(current->dragged, nullptr));
     return S_OK;
   }
 
-  IDataObject* dragged = nullptr;  // until its receivers are cut off
-  ImportPatch patch{"DoDragDrop", &Run};
-  ImportPatch disconnect{"CoDisconnectObject", &CutOff};
+  static inline FakeDrag* current = nullptr;
+  IDataObject* dragged = nullptr;  // until its receivers are disconnected
+  ImportPatch run{"DoDragDrop", &Run};
+  ImportPatch disconnect{"CoDisconnectObject", &Disconnect};
 };

@@ -2,61 +2,51 @@
 
 #include <windows.h>
 
-#include <shlobj.h>
-
 #include <functional>
+#include <list>
 #include <map>
-#include <memory>
 #include <string>
-#include <vector>
+#include <utility>
 
-#include "support/recording_client.h"
+#include "support/import_patch.h"
 
-using Name = std::basic_string<WCHAR>;
-
-// A shell that the library talks to instead of the real one for the life of the object. It knows
-// every name with a backslash in it, takes what stands before the last one for the folder, and
-// writes down a line for each call:
+// Replaces the shell for the life of the object. Every name with a backslash exists, in the folder
+// that the text up to the last backslash names. The log has an entry for each call, with a bar at
+// its end:
 //
 //   SHGetMalloc               SHGetDesktopFolder          Alloc 8
-//   Parse C:\a\x              Bind C:\a                   Bind nothing
-//   GetUIObjectOf C:\a: x y   CreatePopupMenu             QueryContextMenu
-//   QueryInterface            Track 10,20                 HandleMenuMsg 0x117 0 0
+//   Parse C:\a\x              Bind C:\a\                  Bind nothing
+//   GetUIObjectOf C:\a\: x y  CreatePopupMenu             QueryContextMenu
+//   QueryInterface            Track 10,20                 HandleMenuMsg 279 0 0
 //   Invoke 4                  DestroyMenu                 Free ids | Free array
-//   Release menu | menu 2 | desktop | allocator | C:\a
+//   Release menu | menu 2 | desktop | allocator | C:\a\ .
 //
-// Arguments that are always the same are checked here. HoldsNothing tells whether every interface
-// was released, every block freed and every menu destroyed.
+// Names have the low halves of their characters. Arguments that are always the same are checked
+// here. One at a time.
 class FakeShell {
  public:
   FakeShell();
   ~FakeShell();
 
-  // The lines since the last Take, oldest first.
-  Lines Take() { return std::exchange(lines, {}); }
-  bool HoldsNothing() const { return held == 0 && blocks.empty(); }
+  // The log since the last Take.
+  std::string Take() { return std::exchange(log, {}); }
+  // Whether every interface is released, every block freed and every menu destroyed.
+  bool HoldsNothing() const { return held.empty(); }
 
-  // One call that fails, by its first word in the lines, or "child id of x" for the copy of that
-  // id.
+  // The call that fails, by its first word in the log, or "id x" for the copy of the id of x.
   std::string failing;
-  // A name that the shell does not know in spite of its backslash.
-  Name unknown;
-  // What happens while the menu is up; the result is the command picked.
+  // Called while the menu is shown. The result is the command that the user picks.
   std::function<int()> onTrack = [] { return 0; };
-
-  // What the library passed: the names, and the one window of all calls.
-  std::vector<Name> parsed;
+  // The window of the calls.
   HWND window = nullptr;
 
-  // Used by the stand-ins.
-  bool Succeeds(const std::string& line);  // writes it down
-  void* Allocate(const void* content, SIZE_T size, const char* what);
-  Lines lines;
-  std::map<void*, std::string> blocks;
-  int held = 0;  // interfaces and menus
+  // For the replaced calls: log a call, or the release of an object.
+  bool Succeeds(const std::string& call);
+  void Drop(const void* object);
+  std::multimap<const void*, std::string> held;  // with the entry for the release
   bool nextCopyFails = false;
 
  private:
-  struct Patches;
-  std::unique_ptr<Patches> patches;
+  std::string log;
+  std::list<ImportPatch> patches;
 };
