@@ -10,63 +10,66 @@
 
 #include "qvl.h"
 
-// What a tree's selection does, told in visible items, caret, anchor and a set of selected items,
-// without any control. It notes what a client would hear, in short and under the given names.
-// Item 0 is no caret, no anchor and empty space.
+// The selection rules of a tree without a control: visible items, caret, anchor and selected items.
+// Item 0 is no caret, no anchor and empty space. The model writes the callbacks of the client in
+// short, with the given names.
 class SelectionModel {
  public:
   explicit SelectionModel(const std::map<ItemHandle, std::string>& names) : labels(names) {}
 
   void SetMultiSelect(bool value) { multiSelect = value; }
-  void SetClient(const IQVLTreeViewClient* client) { heard = client != nullptr; }
+  void SetClient(const IQVLTreeViewClient* client) { hasClient = client != nullptr; }
 
-  // What items there are, which are visible, and where that leaves the caret, is the control's own
-  // affair; the selected bit goes along with the caret.
+  // The control decides which items are visible and where the caret goes when one disappears.
   void Restructure(const ItemHandleList& all, const ItemHandleList& shown, ItemHandle newCaret) {
+    const auto isGone = [&](ItemHandle item) { return std::ranges::count(all, item) == 0; };
     visible = shown;
     MoveCaret(newCaret);
-    said.clear();
-    std::erase_if(selected, [&](ItemHandle item) {
-      return std::find(all.begin(), all.end(), item) == all.end();
-    });
+    std::erase_if(selected, isGone);
+    if (anchor && isGone(anchor)) anchor = -1;
+    callbacks.clear();
   }
 
-  std::string Take() { return std::exchange(said, {}); }
-  ItemHandle Caret() const { return caret; }
-  ItemHandleList SelectedVisible() const {
-    ItemHandleList items = visible;
-    std::erase_if(items, [this](ItemHandle item) { return !IsSelected(item); });
-    return items;
+  // Selection, caret, and callbacks since the last call.
+  std::string TakeState() {
+    return Names(SelectedVisible()) + "| " + Names({caret}) + "| " + std::exchange(callbacks, {});
+  }
+  std::string Names(const ItemHandleList& items) const {
+    std::string names;
+    for (const ItemHandle item : items) names += (item ? labels.at(item) : "0") + " ";
+    return names;
   }
 
   void SetItemSelected(ItemHandle item, bool value) {
     Bracket([&] { Mark(item, value); });
   }
-
   void SelectAll() {
     Bracket([&] {
-      for (const ItemHandle item : visible) {
-        if (!IsSelected(item)) Mark(item, true);
-      }
+      for (const ItemHandle item : visible) IsSelected(item) ? void() : Mark(item, true);
     });
   }
-
   void ClearSelection() {
     Bracket([&] { Clear(); });
   }
-
   void InvertSelection() {
     Bracket([&] {
       for (const ItemHandle item : visible) Mark(item, !IsSelected(item));
     });
   }
-
-  void SelectAt(ItemHandle item) {
+  void SelectByHitTest(ItemHandle item) {
     if (!item || IsSelected(item)) return;
     Bracket([&] {
       if (multiSelect) Clear();
       item == caret ? Mark(item, true) : MoveCaret(item);
     });
+  }
+
+  void BeginDrag(ItemHandle item) {
+    if (!hasClient) return;
+    if (!multiSelect || !IsSelected(item)) {
+      Bracket([&] { multiSelect ? Mark(item, true) : MoveCaret(item); });
+    }
+    if (!SelectedVisible().empty()) callbacks += "BeginDrag " + Names(SelectedVisible());
   }
 
   // Whether the control's answer is the answer, for these two.
@@ -82,7 +85,7 @@ class SelectionModel {
     return !ctrl && !anchor;
   }
 
-  // The control takes the caret from the key to `caretAfter`, if it gets to see it.
+  // The control moves the caret to `caretAfter` if it gets the key.
   bool Key(WPARAM key, bool shift, ItemHandle caretAfter) {
     if (multiSelect && shift && (key == VK_UP || key == VK_DOWN)) {
       Bracket([&] { ShiftArrow(key == VK_UP ? -1 : 1); });
@@ -97,43 +100,43 @@ class SelectionModel {
   }
 
  private:
-  void Say(const std::string& word) {
-    if (heard) said += (said.empty() ? "" : " ") + word;
+  void Call(const std::string& word) {
+    if (hasClient) callbacks += word + " ";
   }
-  void Report(ItemHandle item) { Say(item ? labels.at(item) : "0"); }
 
   template <class Change>
   void Bracket(Change change) {
-    Say("B");
+    Call("B");
     change();
-    Say("E");
+    Call("E");
   }
 
   bool IsSelected(ItemHandle item) const { return selected.contains(item); }
+  ItemHandleList SelectedVisible() const {
+    ItemHandleList items = visible;
+    std::erase_if(items, [this](ItemHandle item) { return !IsSelected(item); });
+    return items;
+  }
 
   void Mark(ItemHandle item, bool value) {
     selected.erase(item);
     if (value) selected.insert(item);
-    Report(item);
+    Call(item ? labels.at(item) : "0");
   }
-
   void Clear() {
     for (const ItemHandle item : SelectedVisible()) Mark(item, false);
   }
-
   void MoveCaret(ItemHandle item) {
     if (caret == item) return;
     selected.erase(caret);
     caret = item;
-    if (item) selected.insert(item);
-    Report(item);
+    Mark(item, item != 0);
   }
 
   void PlainPress(ItemHandle hit) {
     Clear();
-    if (!hit) return;
-    MoveCaret(0);
-    MoveCaret(hit);
+    if (hit) MoveCaret(0);
+    if (hit) MoveCaret(hit);
   }
 
   void CtrlPress(ItemHandle hit) {
@@ -146,15 +149,12 @@ class SelectionModel {
     if (before && before != hit) Mark(before, beforeSelected);
   }
 
-  void ShiftPress(ItemHandle hit) {
+  // Selects from the anchor to the target, or to the last item if one of them is not visible.
+  void ShiftPress(ItemHandle target) {
     if (!anchor) anchor = caret;
-    if (caret == hit) MoveCaret(0);
-    if (hit) MoveCaret(hit);
-    if (anchor) SelectRange(hit);
-  }
-
-  // The stretch between anchor and target, to the last item if one of them is not visible.
-  void SelectRange(ItemHandle target) {
+    if (caret == target) MoveCaret(0);
+    if (target) MoveCaret(target);
+    if (!anchor) return;
     int endsToCome = 2;
     for (const ItemHandle item : visible) {
       const bool isEnd = item == anchor || item == target;
@@ -169,7 +169,7 @@ class SelectionModel {
       anchor = caret;
       Clear();
     }
-    const auto next = std::find(visible.begin(), visible.end(), caret) - visible.begin() + by;
+    const auto next = std::ranges::find(visible, caret) - visible.begin() + by;
     if (!caret || next < 0 || next >= std::ssize(visible)) return;
     const ItemHandle left = caret;
     const ItemHandle entered = visible[static_cast<std::size_t>(next)];
@@ -184,6 +184,6 @@ class SelectionModel {
   ItemHandle caret = 0;
   ItemHandle anchor = 0;
   bool multiSelect = true;
-  bool heard = true;
-  std::string said;
+  bool hasClient = true;
+  std::string callbacks;
 };
