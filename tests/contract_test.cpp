@@ -1,7 +1,7 @@
 // What the library relies on in the native controls, as far as neither its other tests nor the
 // random scenarios compare it. Gestures go to the controls unchanged.
-#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/tree_gestures.h"
@@ -15,43 +15,50 @@ constexpr int kButton = 5;
 constexpr int kListBox = 8;
 constexpr int kTreeBox = 25;
 constexpr int kBeside = 200;
+// Instead of an item.
+constexpr char kKey = 'k';
+constexpr char kFocus = '-';
+
+// A press on an item at x, with the mouse moved by `more`; or the key x with the modifiers `more`.
+struct Step {
+  char item;
+  int x, more;
+  const char* callbacks;
+};
 
 class ContractTest : public TreeTest {
  protected:
-  struct Step {
-    std::function<void()> gesture;
-    const char* callbacks;
-  };
-
-  // a(b), e, f, with a collapsed and without a caret.
+  // The tree a(b), e, f, with a collapsed and without a caret, or a list of rows.
   void OpenBranches(std::uint32_t style) {
     client.labels.clear();
     OpenView(style);
-    Insert(TEXT("a"));
-    Insert(TEXT("b"), Item('a'));
-    Insert(TEXT("e"));
-    Insert(TEXT("f"));
+    for (const char* pair : {"a-", "ba", "e-", "f-"}) {
+      const WCHAR name[] = {static_cast<WCHAR>(pair[0]), 0};
+      Insert(name, pair[1] == '-' ? -1 : Item(pair[1]));
+    }
     PumpMessages();
+    client.Take();
+  }
+
+  POINT PointOf(char name, int x) const {
+    const POINT label = LabelPoint(Item(name));
+    return {x == kLabel ? label.x : x, label.y};
   }
 
   void RunSteps(const std::vector<Step>& steps) {
-    for (const Step& step : steps) {
-      step.gesture();
-      EXPECT_EQ(Heard(), step.callbacks) << "step " << &step - steps.data();
+    for (const auto& [item, x, more, callbacks] : steps) {
+      if (item == kKey) {
+        Key(x, more);
+      } else if (item == kFocus) {
+        SetFocus(host), SetFocus(control);
+      } else {
+        const POINT point = PointOf(item, x);
+        const LPARAM end = MAKELPARAM(point.x + more, point.y);
+        if (more) PostMessageW(control, WM_MOUSEMOVE, MK_LBUTTON, end);
+        PressAt(point);
+      }
+      EXPECT_EQ(Heard(), callbacks) << item << " " << x << " " << more;
     }
-  }
-
-  // Gestures on an item; '-' is no item.
-  std::function<void()> LeftPress(char name, int x = kLabel, int dragBy = 0) {
-    return [=, this] {
-      const POINT point = PointOf(name, x);
-      const LPARAM end = MAKELPARAM(point.x + dragBy, point.y);
-      if (dragBy) PostMessageW(control, WM_MOUSEMOVE, MK_LBUTTON, end);
-      PressAt(point);
-    };
-  }
-  std::function<void()> KeyDown(WPARAM key, WPARAM modifiers = 0) {
-    return [=, this] { Key(key, modifiers); };
   }
 
   void ExpectMenuAtRightPress(char name) {
@@ -61,69 +68,50 @@ class ContractTest : public TreeTest {
     PumpMessages();
     EXPECT_NE(Heard().find("ContextMenu"), std::string::npos);
   }
-
- private:
-  POINT PointOf(char name, int x) const {
-    const POINT label = name == '-' ? OffPoint() : LabelPoint(Item(name));
-    return {x == kLabel ? label.x : x, label.y};
-  }
 };
 
 TEST_F(ContractTest, TreeGesturesCallBackOnTestRuntime) {
-  const auto focus = [this] { SetFocus(host), SetFocus(control); };
   OpenBranches(kTree | QVLS_CHECKBOXES);
   RunSteps({
-      {LeftPress('e', kBeside), "a"},  // the first focus selects the first item
-      {LeftPress('e', kBeside), ""},
-      {LeftPress('e', kButton), ""},
-      {LeftPress('a', kButton), "Expanded a"},
-      {LeftPress('b'), "b"},
-      {LeftPress('a', kButton), "Expanded a"},
-      {LeftPress('e', kBeside, 40), ""},
-      {LeftPress('e', kLabel, 4), "B e E BeginDrag e"},
-      {LeftPress('f', kTreeBox), ""},
-      {KeyDown(VK_SPACE), ""},
-      {KeyDown(VK_NEXT), "f"},
-      {KeyDown(VK_PRIOR), "a"},
-      {KeyDown(VK_MULTIPLY), "Expanded a"},
-      {KeyDown(VK_SUBTRACT), "Expanded a"},
-      {focus, ""},
+      {'e', kBeside, 0, "a"},  // the first focus selects the first item
+      {'e', kBeside, 0, ""},
+      {'e', kButton, 0, ""},
+      {'a', kButton, 0, "Expanded a"},
+      {'b', kLabel, 0, "b"},
+      {'a', kButton, 0, "Expanded a"},
+      {'e', kBeside, 40, ""},
+      {'e', kLabel, 4, "B e E BeginDrag e"},
+      {'f', kTreeBox, 0, ""},
+      {kKey, VK_SPACE, 0, ""},
+      {kKey, VK_NEXT, 0, "f"},
+      {kKey, VK_PRIOR, 0, "a"},
+      {kKey, VK_MULTIPLY, 0, "Expanded a"},
+      {kKey, VK_SUBTRACT, 0, "Expanded a"},
+      {kFocus, 0, 0, ""},
   });
   EXPECT_TRUE(BoxOf(Item('e')) == 2 && BoxOf(Item('f')) == 2);
   EXPECT_FALSE(view->IsItemExpanded(Item('a')));
   ExpectMenuAtRightPress('f');
   EXPECT_EQ(CaretItem(), Item('a'));
+  MoveCaret(Item('b'));
+  const std::pair<POINT, UINT> parts[] = {
+      {{kButton, 8}, TVHT_ONITEMBUTTON},
+      {{kTreeBox, 8}, TVHT_ONITEMSTATEICON},
+      {{kButton, 24}, TVHT_ONITEMINDENT},
+      {LabelPoint(Item('b')), TVHT_ONITEMLABEL},
+      {{kBeside, 24}, TVHT_ONITEMRIGHT},
+      {{297, 24}, TVHT_TORIGHT},
+      {{-1, -1}, TVHT_ABOVE | TVHT_TOLEFT},
+      {{30, 397}, TVHT_BELOW},
+      {{30, 200}, TVHT_NOWHERE},
+  };
+  for (const auto& [point, flags] : parts) EXPECT_EQ(HitAt(point).flags, flags) << point.x;
   OpenBranches(QVLS_SINGLESEL | QVLS_FULLROWSELECT);
-  RunSteps({{focus, "a"}, {LeftPress('e', kBeside), "e"}});
+  RunSteps({{kFocus, 0, 0, "a"}, {'e', kBeside, 0, "e"}});
   OpenBranches(kTree | QVLS_NODRAGDROP);
-  RunSteps({{focus, "a"}, {LeftPress('e', kLabel, 40), "e"}});
+  RunSteps({{kFocus, 0, 0, "a"}, {'e', kLabel, 40, "e"}});
   view->Hide();
   EXPECT_EQ(GetFocus(), parent) << "a hidden control passes on the focus";
-}
-
-TEST_F(ContractTest, PartsOfTreeRowHaveTheirHitFlagsOnTestRuntime) {
-  OpenBranches(kTree | QVLS_CHECKBOXES);
-  MoveCaret(Item('b'));
-  const struct {
-    POINT point;
-    char item;
-    UINT flags;
-  } cases[] = {
-      {{kButton, 8}, 'a', TVHT_ONITEMBUTTON},
-      {{kTreeBox, 8}, 'a', TVHT_ONITEMSTATEICON},
-      {{kButton, 24}, 'b', TVHT_ONITEMINDENT},
-      {LabelPoint(Item('b')), 'b', TVHT_ONITEMLABEL},
-      {{kBeside, 24}, 'b', TVHT_ONITEMRIGHT},
-      {{297, 24}, '-', TVHT_TORIGHT},
-      {{-1, -1}, '-', TVHT_ABOVE | TVHT_TOLEFT},
-      {{30, 397}, '-', TVHT_BELOW},
-      {{30, 200}, '-', TVHT_NOWHERE},
-  };
-  for (const auto& [point, item, flags] : cases) {
-    const TVHITTESTINFO hit = HitAt(point);
-    EXPECT_EQ(hit.hItem, Native(Item(item))) << point.x << "," << point.y;
-    EXPECT_EQ(hit.flags, flags) << point.x << "," << point.y;
-  }
 }
 
 TEST_F(ContractTest, FirstPaintEmptiesTreeBoxesOnTestRuntime) {
@@ -138,21 +126,19 @@ TEST_F(ContractTest, FirstPaintEmptiesTreeBoxesOnTestRuntime) {
 }
 
 TEST_F(ContractTest, ListGesturesCallBackForEachChangedRowOnTestRuntime) {
-  OpenView(QVLS_LISTVIEW | QVLS_CHECKBOXES);
-  for (const WCHAR* name : {TEXT("a"), TEXT("b"), TEXT("c"), TEXT("d")}) Insert(name);
-  client.Take();
+  OpenBranches(QVLS_LISTVIEW | QVLS_CHECKBOXES);
   RunSteps({
-      {LeftPress('a', kListBox), "B a E"},
-      {LeftPress('c'), "B c E"},
-      {KeyDown(VK_SPACE), "B c E"},
-      {KeyDown(VK_UP, MK_CONTROL), "B c E B b E"},
-      {KeyDown(VK_SPACE, MK_CONTROL), "B b E B b E"},
-      {KeyDown(VK_NEXT), "B b E B c E B b E B d E"},
-      {KeyDown(VK_PRIOR), "B d E B d E B a E"},
+      {'a', kListBox, 0, "B a E"},
+      {'e', kLabel, 0, "B e E"},
+      {kKey, VK_SPACE, 0, "B e E"},
+      {kKey, VK_UP, MK_CONTROL, "B e E B b E"},
+      {kKey, VK_SPACE, MK_CONTROL, "B b E B b E"},
+      {kKey, VK_NEXT, 0, "B b E B e E B b E B f E"},
+      {kKey, VK_PRIOR, 0, "B f E B f E B a E"},
   });
   EXPECT_TRUE(BoxOf(0) == 2 && BoxOf(1) == 2 && BoxOf(2) == 2 && BoxOf(3) == 1);
-  ExpectMenuAtRightPress('d');
-  EXPECT_EQ(Selected(), "d");
+  ExpectMenuAtRightPress('f');
+  EXPECT_EQ(Selected(), "f");
 }
 
 }  // namespace

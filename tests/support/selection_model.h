@@ -3,19 +3,18 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <string>
 #include <utility>
 
-#include "qvl.h"
+#include "support/recording_client.h"
 
-// The selection rules of a tree without a control: visible items, caret, anchor and selected items.
-// Item 0 is no caret, no anchor and empty space. The model writes the callbacks of the client in
-// short, with the given names.
+// The selection rules of a tree without a control: visible items, caret, anchor, selected items and
+// the callbacks in short. Item 0 is no caret, no anchor and empty space.
 class SelectionModel {
  public:
-  explicit SelectionModel(const std::map<ItemHandle, std::string>& names) : labels(names) {}
+  // The client has the names of the items.
+  explicit SelectionModel(const RecordingClient& client) : names(client) {}
 
   void SetMultiSelect(bool value) { multiSelect = value; }
   void SetClient(const IQVLTreeViewClient* client) { hasClient = client != nullptr; }
@@ -30,34 +29,28 @@ class SelectionModel {
     callbacks.clear();
   }
 
-  // Selection, caret, and callbacks since the last call.
-  std::string TakeState() {
-    return Names(SelectedVisible()) + "| " + Names({caret}) + "| " + std::exchange(callbacks, {});
-  }
-  std::string Names(const ItemHandleList& items) const {
-    std::string names;
-    for (const ItemHandle item : items) names += (item ? labels.at(item) : "0") + " ";
-    return names;
+  ItemHandle Caret() const { return caret; }
+  std::string TakeCallbacks() { return std::exchange(callbacks, {}); }
+  ItemHandleList Selected() const {
+    ItemHandleList items = visible;
+    std::erase_if(items, [this](ItemHandle item) { return !selected.contains(item); });
+    return items;
   }
 
   void SetItemSelected(ItemHandle item, bool value) {
     Bracket([&] { Mark(item, value); });
   }
   void SelectAll() {
-    Bracket([&] {
-      for (const ItemHandle item : visible) IsSelected(item) ? void() : Mark(item, true);
-    });
+    Bracket([&] { MarkVisible([](bool) { return true; }); });
   }
   void ClearSelection() {
     Bracket([&] { Clear(); });
   }
   void InvertSelection() {
-    Bracket([&] {
-      for (const ItemHandle item : visible) Mark(item, !IsSelected(item));
-    });
+    Bracket([&] { MarkVisible([](bool value) { return !value; }); });
   }
   void SelectByHitTest(ItemHandle item) {
-    if (!item || IsSelected(item)) return;
+    if (!item || selected.contains(item)) return;
     Bracket([&] {
       if (multiSelect) Clear();
       item == caret ? Mark(item, true) : MoveCaret(item);
@@ -66,10 +59,11 @@ class SelectionModel {
 
   void BeginDrag(ItemHandle item) {
     if (!hasClient) return;
-    if (!multiSelect || !IsSelected(item)) {
+    if (!multiSelect || !selected.contains(item)) {
       Bracket([&] { multiSelect ? Mark(item, true) : MoveCaret(item); });
     }
-    if (!SelectedVisible().empty()) callbacks += "BeginDrag " + Names(SelectedVisible());
+    if (!Selected().empty()) Call("BeginDrag");
+    for (const ItemHandle dragged : Selected()) Call(names.Name(dragged));
   }
 
   // Whether the control's answer is the answer, for these two.
@@ -101,9 +95,8 @@ class SelectionModel {
 
  private:
   void Call(const std::string& word) {
-    if (hasClient) callbacks += word + " ";
+    if (hasClient) callbacks += (callbacks.empty() ? "" : " ") + word;
   }
-
   template <class Change>
   void Bracket(Change change) {
     Call("B");
@@ -111,20 +104,19 @@ class SelectionModel {
     Call("E");
   }
 
-  bool IsSelected(ItemHandle item) const { return selected.contains(item); }
-  ItemHandleList SelectedVisible() const {
-    ItemHandleList items = visible;
-    std::erase_if(items, [this](ItemHandle item) { return !IsSelected(item); });
-    return items;
-  }
-
   void Mark(ItemHandle item, bool value) {
-    selected.erase(item);
-    if (value) selected.insert(item);
-    Call(item ? labels.at(item) : "0");
+    value ? void(selected.insert(item)) : void(selected.erase(item));
+    Call(names.Name(item));
+  }
+  template <class Wanted>
+  void MarkVisible(Wanted wanted) {
+    for (const ItemHandle item : visible) {
+      const bool value = selected.contains(item);
+      if (wanted(value) != value) Mark(item, !value);
+    }
   }
   void Clear() {
-    for (const ItemHandle item : SelectedVisible()) Mark(item, false);
+    MarkVisible([](bool) { return false; });
   }
   void MoveCaret(ItemHandle item) {
     if (caret == item) return;
@@ -136,13 +128,13 @@ class SelectionModel {
   void PlainPress(ItemHandle hit) {
     Clear();
     if (hit) MoveCaret(0);
-    if (hit) MoveCaret(hit);
+    MoveCaret(hit ? hit : caret);
   }
 
   void CtrlPress(ItemHandle hit) {
-    const bool wanted = !IsSelected(hit);
+    const bool wanted = !selected.contains(hit);
     const ItemHandle before = caret;
-    const bool beforeSelected = IsSelected(before);
+    const bool beforeSelected = selected.contains(before);
     if (before == hit) MoveCaret(0);
     MoveCaret(hit);
     Mark(hit, wanted);
@@ -173,12 +165,12 @@ class SelectionModel {
     if (!caret || next < 0 || next >= std::ssize(visible)) return;
     const ItemHandle left = caret;
     const ItemHandle entered = visible[static_cast<std::size_t>(next)];
-    const bool grows = !IsSelected(entered);
+    const bool grows = !selected.contains(entered);
     MoveCaret(entered);
     if (grows) Mark(left, true);
   }
 
-  const std::map<ItemHandle, std::string>& labels;
+  const RecordingClient& names;
   ItemHandleList visible;
   std::set<ItemHandle> selected;
   ItemHandle caret = 0;
