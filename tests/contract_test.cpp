@@ -32,12 +32,7 @@ class ContractTest : public TreeTest {
   void OpenBranches(std::uint32_t style) {
     client.labels.clear();
     OpenView(style);
-    for (const char* pair : {"a-", "ba", "e-", "f-"}) {
-      const WCHAR name[] = {static_cast<WCHAR>(pair[0]), 0};
-      Insert(name, pair[1] == '-' ? -1 : Item(pair[1]));
-    }
-    PumpMessages();
-    client.Take();
+    InsertBranches("a- ba e- f-");
   }
 
   POINT PointOf(char name, int x) const {

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "support/each_view.h"
 #include "support/fake_icons.h"
 #include "support/list_test.h"
 #include "support/sent_messages.h"
@@ -11,16 +10,12 @@
 
 namespace {
 
-class ItemsTest : public EachView {
+class ItemsTest : public TreeTest {
  protected:
   // A tree a (b (c) d) e (f) g, all collapsed, or the rows a to g.
-  void OpenBranches() {
-    Open();
-    client.labels.clear();
-    for (const char* pair : {"a-", "ba", "cb", "da", "e-", "fe", "g-"}) {
-      const WCHAR name[] = {static_cast<WCHAR>(pair[0]), 0};
-      Insert(name, pair[1] == '-' ? -1 : Item(pair[1]));
-    }
+  void OpenBranches(bool asList) {
+    OpenEmpty(asList ? QVLS_LISTVIEW : 0);
+    InsertBranches("a- ba cb da e- fe g-");
   }
 
   // Expects these items of GetItems, behind those that its list already has.
@@ -30,75 +25,10 @@ class ItemsTest : public EachView {
     const std::int64_t length = view->GetItems(&items, visibleOnly);
     EXPECT_EQ(length, std::ssize(items));
     for (std::size_t i = 1; i < items.size(); ++i) names += client.Name(items[i]);
-    EXPECT_EQ(names, TreeOrList(tree, list));
+    EXPECT_EQ(names, IsList() ? list : tree);
     EXPECT_EQ(items[0], 7);
   }
-};
 
-INSTANTIATE_TEST_SUITE_P(Views, ItemsTest, EACH_VIEW, ViewName);
-
-// Each row is an item, its parent, its first child and its next sibling.
-TEST_P(ItemsTest, NeighboursAreThoseOfTheTreeOrTheRowsBeside) {
-  OpenBranches();
-  const auto named = [this](char name) { return name == '-' ? TreeOrList(0, -1) : Item(name); };
-  using Rows = std::vector<std::string>;
-  for (const std::string& row : TreeOrList(Rows{"a-be", "e-fg", "g---", "bacd", "da--"},
-                                           Rows{"a-bb", "bacc", "dcee", "gf--"})) {
-    EXPECT_EQ(view->GetParentItem(Item(row[0])), named(row[1])) << row;
-    EXPECT_EQ(view->GetFirstChildItem(Item(row[0])), named(row[2])) << row;
-    EXPECT_EQ(view->GetNextSiblingItem(Item(row[0])), named(row[3])) << row;
-  }
-}
-
-TEST_P(ItemsTest, GetItemsAddsVisibleItemsOrTheFirstBranch) {
-  OpenBranches();
-  ExpectItems(true, "aeg");
-  ExpectItems(false, "abcd");
-  view->ExpandItem(Item('e'), true);
-  ExpectItems(true, "aefg");
-  view->ExpandAll();
-  ExpectItems(true, "abcdefg");
-  view->CollapseAll();
-  ExpectItems(true, "aeg");
-  EXPECT_FALSE(view->IsItemExpanded(Item('a')));
-  view->ExpandItem(Item('a'), true);
-  ExpectItems(true, "abcdeg");  // b stays expanded below the top level
-  view->DeleteItem(Item('a'));
-  if (!IsList()) ExpectItems(false, "ef");
-  view->DeleteAllItems();
-  ExpectItems(true, "", "");
-  ExpectItems(false, "", "");
-}
-
-TEST_P(ItemsTest, WorkIsProportionalToTheItems) {
-  constexpr int kCount = 300;
-  Open(QVLS_CHECKBOXES);
-  for (int i = 0; i < kCount; ++i) a = Insert(TEXT("a"));
-  std::size_t dragged = 0;
-  client.onBeginDrag = [&](ItemHandleList* items, FileNameList*) {
-    dragged = items->size();
-    return false;
-  };
-  SentMessages sent;
-  const std::function<void()> operations[] = {
-      [&] { view->SelectAll(); },
-      [&] { NotifyOf(a, TreeOrList(TVN_BEGINDRAGW, LVN_BEGINDRAG)); },
-      [&] { view->ClearSelection(); },
-      [&] { view->InvertSelection(); },
-      [&] { view->CheckAll(); },
-      [&] { EXPECT_EQ(view->GetSelectedCount(), kCount); },
-  };
-  for (const auto& operation : operations) {
-    sent.Forget();
-    operation();
-    EXPECT_LT(sent.all.size(), 4u * kCount) << "operation " << &operation - operations;
-  }
-  EXPECT_EQ(dragged, static_cast<std::size_t>(kCount));
-  EXPECT_EQ(view->GetCheckedCount(), kCount);
-}
-
-class TreeItemsTest : public TreeTest {
- protected:
   ItemHandle InsertChecked(bool checked, int stateIndex = -1) {
     record.SetChecked(checked);
     record.SetStateIndex(stateIndex);
@@ -109,9 +39,66 @@ class TreeItemsTest : public TreeTest {
   QVLTreeViewItem record;
 };
 
+TEST_F(ItemsTest, NeighboursAreThoseOfTheTreeOrTheRowsBeside) {
+  // An item, its parent, its first child and its next sibling.
+  const std::vector<std::string> rows[] = {{"a-be", "e-fg", "g---", "bacd", "da--"},
+                                           {"a-bb", "bacc", "dcee", "gf--"}};
+  for (const bool asList : {false, true}) {
+    OpenBranches(asList);
+    const auto named = [&](char name) { return name == '-' ? (asList ? -1 : 0) : Item(name); };
+    for (const std::string& row : rows[asList]) {
+      EXPECT_EQ(view->GetParentItem(Item(row[0])), named(row[1])) << row;
+      EXPECT_EQ(view->GetFirstChildItem(Item(row[0])), named(row[2])) << row;
+      EXPECT_EQ(view->GetNextSiblingItem(Item(row[0])), named(row[3])) << row;
+    }
+  }
+}
+
+TEST_F(ItemsTest, GetItemsAddsVisibleItemsOrTheFirstBranch) {
+  for (const bool asList : {false, true}) {
+    OpenBranches(asList);
+    ExpectItems(true, "aeg");
+    ExpectItems(false, "abcd");
+    view->ExpandItem(Item('e'), true);
+    ExpectItems(true, "aefg");
+    view->ExpandAll();
+    ExpectItems(true, "abcdefg");
+    view->CollapseAll();
+    ExpectItems(true, "aeg");
+    EXPECT_FALSE(view->IsItemExpanded(Item('a')));
+    view->ExpandItem(Item('a'), true);
+    ExpectItems(true, "abcdeg");  // b stays expanded below the top level
+    view->DeleteItem(Item('a'));
+    if (!asList) ExpectItems(false, "ef");
+    view->DeleteAllItems();
+    ExpectItems(true, "", "");
+    ExpectItems(false, "", "");
+  }
+}
+
+TEST_F(ItemsTest, WorkIsProportionalToTheItems) {
+  constexpr int kCount = 300;
+  using V = IQVLTreeView;
+  for (const bool asList : {false, true}) {
+    OpenEmpty(QVLS_CHECKBOXES | (asList ? QVLS_LISTVIEW : 0));
+    for (int i = 0; i < kCount; ++i) Insert(TEXT("a"));
+    SentMessages sent;
+    for (const auto operation :
+         {&V::SelectAll, &V::ClearSelection, &V::InvertSelection, &V::CheckAll, &V::UncheckAll}) {
+      sent.Forget();
+      (view->*operation)();
+      EXPECT_LT(sent.all.size(), 4u * kCount);
+    }
+    sent.Forget();
+    NotifyOf(Item('a'), asList ? LVN_BEGINDRAG : TVN_BEGINDRAGW);
+    EXPECT_LT(sent.all.size(), 4u * kCount);
+    EXPECT_EQ(client.Take().back().size(), std::string("BeginDrag").size() + 2 * kCount);
+  }
+}
+
 // Handles go to the control whole, -1 and 0 too where the view has no rule for them. Of an answer
 // that is no handle the low half counts.
-TEST_F(TreeItemsTest, OperationsSendTheirMessagesWithWholeHandles) {
+TEST_F(ItemsTest, OperationsSendTheirMessagesWithWholeHandles) {
   OpenEmpty();
   const ItemHandle first = Insert(TEXT("a"));
   constexpr auto kWide = ItemHandle{0x123456789A};
@@ -158,7 +145,7 @@ TEST_F(TreeItemsTest, OperationsSendTheirMessagesWithWholeHandles) {
   EXPECT_TRUE(sent.all.empty()) << "a tree has no cells";
 }
 
-TEST_F(TreeItemsTest, ScrollPositionIsThatOfTheBars) {
+TEST_F(ItemsTest, ScrollPositionIsThatOfTheBars) {
   OpenEmpty();
   int x = 7;
   int y = 7;
@@ -173,7 +160,7 @@ TEST_F(TreeItemsTest, ScrollPositionIsThatOfTheBars) {
 
 // By itself the control empties its boxes at the first paint. The native style alone makes boxes
 // too, but records do not check them.
-TEST_F(TreeItemsTest, BoxesCheckedBeforeTheFirstPaintStayChecked) {
+TEST_F(ItemsTest, BoxesCheckedBeforeTheFirstPaintStayChecked) {
   for (const bool byFlag : {true, false}) {
     ShowWindow(host, SW_HIDE);
     QVLTreeViewStyleExt ext;
@@ -196,7 +183,7 @@ TEST_F(TreeItemsTest, BoxesCheckedBeforeTheFirstPaintStayChecked) {
   EXPECT_EQ(BoxOf(InsertChecked(true)), 0u);
 }
 
-TEST_F(TreeItemsTest, InsertionSetsTheBoxAndUpdateOnlyChecksIt) {
+TEST_F(ItemsTest, InsertionSetsTheBoxAndUpdateOnlyChecksIt) {
   OpenEmpty(QVLS_CHECKBOXES);
   const ItemHandle item = InsertChecked(true);
   const struct {
@@ -212,7 +199,7 @@ TEST_F(TreeItemsTest, InsertionSetsTheBoxAndUpdateOnlyChecksIt) {
   }
 }
 
-TEST_F(TreeItemsTest, OnlyVisibleItemsAreCheckedAndCounted) {
+TEST_F(ItemsTest, OnlyVisibleItemsAreCheckedAndCounted) {
   OpenEmpty(QVLS_CHECKBOXES);
   const ItemHandle shown = Insert(TEXT("shown"));
   const ItemHandle hidden = Insert(TEXT("hidden"), shown);

@@ -8,10 +8,18 @@ void TreeTest::OpenEmpty(std::uint32_t style) {
   client.Take();
 }
 
+void TreeTest::InsertBranches(const std::string& pairs) {
+  for (std::size_t i = 0; i < pairs.size(); i += 3) {
+    const WCHAR name[] = {static_cast<WCHAR>(pairs[i]), 0};
+    Insert(name, pairs[i + 1] == '-' ? -1 : Item(pairs[i + 1]));
+  }
+  PumpMessages();
+  client.Take();
+}
+
 void TreeTest::Open(std::uint32_t style) {
   ASSERT_NO_FATAL_FAILURE(OpenEmpty(style));
-  for (const WCHAR* name : {TEXT("P"), TEXT("Q"), TEXT("R"), TEXT("S")}) Insert(name);
-  PumpMessages();
+  InsertBranches("P- Q- R- S-");
 }
 
 void TreeTest::Given(const std::string& state) {

@@ -12,7 +12,10 @@ class TreeTest : public HostTest {
   // item.
   void OpenEmpty(std::uint32_t style = 0);
 
-  // The same with the items P, Q, R and S at the top level.
+  // Inserts items by pairs of their names and their parents', "P- QP": P and, below it, Q.
+  void InsertBranches(const std::string& pairs);
+
+  // Creates the tree with the items P, Q, R and S at the top level.
   void Open(std::uint32_t style = 0);
 
   // Sets caret, anchor and selection, "Q - PR", and clears the client's record.
