@@ -1,20 +1,10 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "support/host_window.h"
 
-// What the client hears when each of the rows changes: a bracket for every one.
-inline Lines Brackets(const ItemHandleList& rows) {
-  Lines lines;
-  for (const ItemHandle row : rows) {
-    lines.insert(lines.end(), {"Begin", "Changed " + std::to_string(row), "End"});
-  }
-  return lines;
-}
-
-// A list in the host window. Its rows stand under their numbers.
+// A list in the host window. Its rows have their numbers as names.
 class ListTest : public HostTest {
  protected:
   void Open(std::uint32_t flags = 0, QVLTreeViewStyleExt* styleExt = nullptr) {
@@ -44,13 +34,5 @@ class ListTest : public HostTest {
   int RowCount() const { return static_cast<int>(Ask(LVM_GETITEMCOUNT)); }
   int ColumnWidth(int column = 0) const {
     return static_cast<int>(Ask(LVM_GETCOLUMNWIDTH, column));
-  }
-
-  ItemHandleList SelectedRows() const {
-    ItemHandleList rows;
-    for (int row = 0; row < RowCount(); ++row) {
-      if (StateOf(row, LVIS_SELECTED)) rows.push_back(row);
-    }
-    return rows;
   }
 };

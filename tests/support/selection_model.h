@@ -3,70 +3,67 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <string>
 #include <utility>
 
-#include "qvl.h"
+#include "support/recording_client.h"
 
-// What a tree's selection does, told in visible items, caret, anchor and a set of selected items,
-// without any control. It notes what a client would hear, in short and under the given names.
-// Item 0 is no caret, no anchor and empty space.
+// The selection rules of a tree without a control: visible items, caret, anchor, selected items and
+// the callbacks in short. Item 0 is no caret, no anchor and empty space.
 class SelectionModel {
  public:
-  explicit SelectionModel(const std::map<ItemHandle, std::string>& names) : labels(names) {}
+  // The client has the names of the items.
+  explicit SelectionModel(const RecordingClient& client) : names(client) {}
 
   void SetMultiSelect(bool value) { multiSelect = value; }
-  void SetClient(const IQVLTreeViewClient* client) { heard = client != nullptr; }
+  void SetClient(const IQVLTreeViewClient* client) { hasClient = client != nullptr; }
 
-  // What items there are, which are visible, and where that leaves the caret, is the control's own
-  // affair; the selected bit goes along with the caret.
+  // The control decides which items are visible and where the caret goes when one disappears.
   void Restructure(const ItemHandleList& all, const ItemHandleList& shown, ItemHandle newCaret) {
+    const auto isGone = [&](ItemHandle item) { return std::ranges::count(all, item) == 0; };
     visible = shown;
     MoveCaret(newCaret);
-    said.clear();
-    std::erase_if(selected, [&](ItemHandle item) {
-      return std::find(all.begin(), all.end(), item) == all.end();
-    });
+    std::erase_if(selected, isGone);
+    if (anchor && isGone(anchor)) anchor = -1;
+    callbacks.clear();
   }
 
-  std::string Take() { return std::exchange(said, {}); }
   ItemHandle Caret() const { return caret; }
-  ItemHandleList SelectedVisible() const {
+  std::string TakeCallbacks() { return std::exchange(callbacks, {}); }
+  ItemHandleList Selected() const {
     ItemHandleList items = visible;
-    std::erase_if(items, [this](ItemHandle item) { return !IsSelected(item); });
+    std::erase_if(items, [this](ItemHandle item) { return !selected.contains(item); });
     return items;
   }
 
   void SetItemSelected(ItemHandle item, bool value) {
     Bracket([&] { Mark(item, value); });
   }
-
   void SelectAll() {
-    Bracket([&] {
-      for (const ItemHandle item : visible) {
-        if (!IsSelected(item)) Mark(item, true);
-      }
-    });
+    Bracket([&] { MarkVisible([](bool) { return true; }); });
   }
-
   void ClearSelection() {
     Bracket([&] { Clear(); });
   }
-
   void InvertSelection() {
-    Bracket([&] {
-      for (const ItemHandle item : visible) Mark(item, !IsSelected(item));
-    });
+    Bracket([&] { MarkVisible([](bool value) { return !value; }); });
   }
-
-  void SelectAt(ItemHandle item) {
-    if (!item || IsSelected(item)) return;
+  void SelectByHitTest(ItemHandle item) {
+    if (!item || selected.contains(item)) return;
     Bracket([&] {
       if (multiSelect) Clear();
       item == caret ? Mark(item, true) : MoveCaret(item);
     });
+  }
+
+  void BeginDrag(ItemHandle item) {
+    if (!hasClient) return;
+    if (!multiSelect || !selected.contains(item)) {
+      Bracket([&] { multiSelect ? Mark(item, true) : MoveCaret(item); });
+    }
+    if (!Selected().empty()) Call("BeginDrag");
+    for (const ItemHandle dragged : Selected()) Call(names.Name(dragged));
   }
 
   // Whether the control's answer is the answer, for these two.
@@ -82,7 +79,7 @@ class SelectionModel {
     return !ctrl && !anchor;
   }
 
-  // The control takes the caret from the key to `caretAfter`, if it gets to see it.
+  // The control moves the caret to `caretAfter` if it gets the key.
   bool Key(WPARAM key, bool shift, ItemHandle caretAfter) {
     if (multiSelect && shift && (key == VK_UP || key == VK_DOWN)) {
       Bracket([&] { ShiftArrow(key == VK_UP ? -1 : 1); });
@@ -97,64 +94,59 @@ class SelectionModel {
   }
 
  private:
-  void Say(const std::string& word) {
-    if (heard) said += (said.empty() ? "" : " ") + word;
+  void Call(const std::string& word) {
+    if (hasClient) callbacks += (callbacks.empty() ? "" : " ") + word;
   }
-  void Report(ItemHandle item) { Say(item ? labels.at(item) : "0"); }
-
   template <class Change>
   void Bracket(Change change) {
-    Say("B");
+    Call("B");
     change();
-    Say("E");
+    Call("E");
   }
-
-  bool IsSelected(ItemHandle item) const { return selected.contains(item); }
 
   void Mark(ItemHandle item, bool value) {
-    selected.erase(item);
-    if (value) selected.insert(item);
-    Report(item);
+    value ? void(selected.insert(item)) : void(selected.erase(item));
+    Call(names.Name(item));
   }
-
+  template <class Wanted>
+  void MarkVisible(Wanted wanted) {
+    for (const ItemHandle item : visible) {
+      const bool value = selected.contains(item);
+      if (wanted(value) != value) Mark(item, !value);
+    }
+  }
   void Clear() {
-    for (const ItemHandle item : SelectedVisible()) Mark(item, false);
+    MarkVisible([](bool) { return false; });
   }
-
   void MoveCaret(ItemHandle item) {
     if (caret == item) return;
     selected.erase(caret);
     caret = item;
-    if (item) selected.insert(item);
-    Report(item);
+    Mark(item, item != 0);
   }
 
   void PlainPress(ItemHandle hit) {
     Clear();
-    if (!hit) return;
-    MoveCaret(0);
-    MoveCaret(hit);
+    if (hit) MoveCaret(0);
+    MoveCaret(hit ? hit : caret);
   }
 
   void CtrlPress(ItemHandle hit) {
-    const bool wanted = !IsSelected(hit);
+    const bool wanted = !selected.contains(hit);
     const ItemHandle before = caret;
-    const bool beforeSelected = IsSelected(before);
+    const bool beforeSelected = selected.contains(before);
     if (before == hit) MoveCaret(0);
     MoveCaret(hit);
     Mark(hit, wanted);
     if (before && before != hit) Mark(before, beforeSelected);
   }
 
-  void ShiftPress(ItemHandle hit) {
+  // Selects from the anchor to the target, or to the last item if one of them is not visible.
+  void ShiftPress(ItemHandle target) {
     if (!anchor) anchor = caret;
-    if (caret == hit) MoveCaret(0);
-    if (hit) MoveCaret(hit);
-    if (anchor) SelectRange(hit);
-  }
-
-  // The stretch between anchor and target, to the last item if one of them is not visible.
-  void SelectRange(ItemHandle target) {
+    if (caret == target) MoveCaret(0);
+    if (target) MoveCaret(target);
+    if (!anchor) return;
     int endsToCome = 2;
     for (const ItemHandle item : visible) {
       const bool isEnd = item == anchor || item == target;
@@ -169,21 +161,21 @@ class SelectionModel {
       anchor = caret;
       Clear();
     }
-    const auto next = std::find(visible.begin(), visible.end(), caret) - visible.begin() + by;
+    const auto next = std::ranges::find(visible, caret) - visible.begin() + by;
     if (!caret || next < 0 || next >= std::ssize(visible)) return;
     const ItemHandle left = caret;
     const ItemHandle entered = visible[static_cast<std::size_t>(next)];
-    const bool grows = !IsSelected(entered);
+    const bool grows = !selected.contains(entered);
     MoveCaret(entered);
     if (grows) Mark(left, true);
   }
 
-  const std::map<ItemHandle, std::string>& labels;
+  const RecordingClient& names;
   ItemHandleList visible;
   std::set<ItemHandle> selected;
   ItemHandle caret = 0;
   ItemHandle anchor = 0;
   bool multiSelect = true;
-  bool heard = true;
-  std::string said;
+  bool hasClient = true;
+  std::string callbacks;
 };

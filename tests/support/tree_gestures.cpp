@@ -1,21 +1,5 @@
 #include "support/tree_gestures.h"
 
-namespace {
-
-int forwards = 0;
-
-LRESULT CALLBACK CountingCall(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
-                              LPARAM lParam) {
-  const LRESULT answer = CallWindowProcW(procedure, window, message, wParam, lParam);
-  if (message != WM_LBUTTONDOWN && message != WM_KEYDOWN) return answer;
-  ++forwards;
-  return ForwardWatch::ANSWER;
-}
-
-LPARAM Pack(POINT point) { return MAKELPARAM(point.x, point.y); }
-
-}  // namespace
-
 void TreeTest::OpenEmpty(std::uint32_t style) {
   client.labels.clear();
   ASSERT_NO_FATAL_FAILURE(OpenView(style));
@@ -24,10 +8,18 @@ void TreeTest::OpenEmpty(std::uint32_t style) {
   client.Take();
 }
 
+void TreeTest::InsertBranches(const std::string& pairs) {
+  for (std::size_t i = 0; i < pairs.size(); i += 3) {
+    const WCHAR name[] = {static_cast<WCHAR>(pairs[i]), 0};
+    Insert(name, pairs[i + 1] == '-' ? -1 : Item(pairs[i + 1]));
+  }
+  PumpMessages();
+  client.Take();
+}
+
 void TreeTest::Open(std::uint32_t style) {
   ASSERT_NO_FATAL_FAILURE(OpenEmpty(style));
-  for (const WCHAR* name : {TEXT("P"), TEXT("Q"), TEXT("R"), TEXT("S")}) Insert(name);
-  PumpMessages();
+  InsertBranches("P- Q- R- S-");
 }
 
 void TreeTest::Given(const std::string& state) {
@@ -45,23 +37,11 @@ void TreeTest::Given(const std::string& state) {
   client.Take();
 }
 
-std::string TreeTest::State() {
-  const std::string selected = Selected();
-  const std::string caret = CaretItem() ? client.Name(CaretItem()) : "-";
-  view->SetClient(&client);
-  view->SetMultiSelect(true);
-  MoveCaret(0);
-  view->ClearSelection();
-  client.Take();
-  Press('-', MK_SHIFT);
-  const std::string anchor = Heard() == "B E" ? "-" : Selected().substr(0, 1);
-  return caret + " " + anchor + " " + selected;
-}
-
 LRESULT TreeTest::PressAt(POINT point, WPARAM keys) {
-  // The control waits for the button to come up before it answers the press.
-  PostMessageW(control, WM_LBUTTONUP, keys, Pack(point));
-  const LRESULT result = Ask(WM_LBUTTONDOWN, keys | MK_LBUTTON, Pack(point));
+  const LPARAM packed = MAKELPARAM(point.x, point.y);
+  // The control waits for the release before it answers the press.
+  PostMessageW(control, WM_LBUTTONUP, keys, packed);
+  const LRESULT result = Ask(WM_LBUTTONDOWN, keys | MK_LBUTTON, packed);
   PumpMessages();
   return result;
 }
@@ -96,7 +76,3 @@ POINT TreeTest::PartPoint(ItemHandle item, UINT parts) const {
   ADD_FAILURE() << client.Name(item) << " has no such part";
   return point;
 }
-
-ForwardWatch::ForwardWatch() : patch("CallWindowProcW", &CountingCall) { forwards = 0; }
-
-int ForwardWatch::Count() const { return forwards; }

@@ -3,31 +3,30 @@
 #include <string>
 
 #include "support/host_window.h"
-#include "support/import_patch.h"
 
-// A tree with the focus, and what a user does to it in the messages that reach the control. Items
-// stand under their one-letter names, "-" is no item.
+// A tree with the focus and gestures in the form of their messages. Items have one-letter names;
+// "-" is no item.
 class TreeTest : public HostTest {
  protected:
-  // Creates the tree. It gets the focus while it is empty, since a first focus would select its
-  // first item.
+  // Creates the tree. It gets the focus while it is empty, because a first focus selects the first
+  // item.
   void OpenEmpty(std::uint32_t style = 0);
 
-  // The same with the items P, Q, R and S at the top level.
+  // Inserts items by pairs of their names and their parents', "P- QP": P and, below it, Q.
+  void InsertBranches(const std::string& pairs);
+
+  // Creates the tree with the items P, Q, R and S at the top level.
   void Open(std::uint32_t style = 0);
 
-  // A state is caret, anchor and selected items: "Q - PR". Given puts the tree into it and clears
-  // the client's record. State tells it; the anchor is found out by a Shift press, which costs
-  // caret and selection.
+  // Sets caret, anchor and selection, "Q - PR", and clears the client's record.
   void Given(const std::string& state);
-  std::string State();
 
   ItemHandle CaretItem() const { return Ask(TVM_GETNEXTITEM, TVGN_CARET); }
 
-  // Moves the caret by message; 0 takes it away.
+  // Moves the caret by message; 0 removes it.
   void MoveCaret(ItemHandle item) const { Ask(TVM_SELECTITEM, TVGN_CARET, item); }
 
-  // The button goes down and up again. The result is the control window's answer to the press.
+  // Presses and releases the button. The result is the control window's answer to the press.
   LRESULT PressAt(POINT point, WPARAM keys = 0);
   LRESULT Press(char name, WPARAM keys = 0) {
     return PressAt(name == '-' ? OffPoint() : LabelPoint(Item(name)), keys);
@@ -37,22 +36,9 @@ class TreeTest : public HostTest {
   LRESULT Key(WPARAM key, WPARAM modifiers = 0);
   static void HoldDown(WPARAM modifiers);
 
-  // What the control itself says of a point.
+  // The control's own hit test.
   TVHITTESTINFO HitAt(POINT point) const;
 
   // The leftmost point of the item's row with one of these native hit flags.
   POINT PartPoint(ItemHandle item, UINT parts) const;
-};
-
-// Counts the presses and keys that the library hands on to the control while the object lives. Each
-// of these is answered with ANSWER, so that a result tells whether it is the control's.
-class ForwardWatch {
- public:
-  static constexpr LRESULT ANSWER = 4711;
-
-  ForwardWatch();
-  int Count() const;
-
- private:
-  ImportPatch patch;
 };
