@@ -1,9 +1,5 @@
-// Every allocation and every platform call that an operation or a gesture makes fails in turn: no
-// exception comes out, brackets that opened close, nothing leaks, and the view works on.
-#include "linux/scarce_memory.h"
-
-#include <gtest/gtest.h>
-
+// Every allocation and every platform call of every operation fails in turn: no exception leaves
+// the library, brackets close, nothing leaks, and the view works afterwards.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -13,18 +9,16 @@
 #include <winsim.h>
 
 #include <cstdio>
-#include <functional>
-#include <random>
-#include <utility>
+#include <new>
+#include <vector>
 
-#include "random/acts.h"
+#include "random/interruptions.h"
+#include "vornutil.h"
 
 namespace {
 
-// A walk makes the same call for each item; the failures of the first ones stand for all.
-constexpr int MOST_OF_ONE_CALL = 25;
-// What an act is about differs from seed to seed.
-constexpr unsigned SEEDS = 2;
+// The choices of an operation differ from seed to seed.
+constexpr int kMostWays = 2;
 
 // A drop target that takes the files of the drag.
 HRESULT TakeFiles(IDataObject* data, IDropSource* /*source*/, DWORD /*allowed*/, DWORD* effect) {
@@ -35,84 +29,125 @@ HRESULT TakeFiles(IDataObject* data, IDropSource* /*source*/, DWORD /*allowed*/,
   return DRAGDROP_S_DROP;
 }
 
-// A view full of items, with a client that agrees to everything.
-class Scene final : public Player {
- public:
-  Scene(bool asList, unsigned seed)
-      : Player(MakeStoryWindow(), asList, [dice = std::mt19937(seed)](int limit) mutable {
-          return static_cast<int>(dice() % static_cast<unsigned>(limit));
-        }) {
-    Create();
-    // Without them yet, the act that asks for them fills their list.
-    if (seed % 2 == 1) view->UseSystemImageList();
-    for (int i = 0; i < 12; ++i) Insert();
-    view->ExpandAll();
-    const ItemHandleList items = Items();
-    view->SetItemSelected(items.back(), true);
-  }
+// A function of the platform that fails at the interruption.
+template <auto Function, auto Failure>
+struct Failing;
 
-  ~Scene() override {
-    ReleaseIQVLTreeView(std::exchange(view, nullptr));
-    DestroyWindow(host);
-  }
-
-  // The view takes items, selects and ticks them as on its first day.
-  void ExpectUsable() {
-    EXPECT_EQ(openBrackets, 0);
-    view->SetClient(this);
-    const std::uint32_t style = QVLS_CHECKBOXES | (list ? QVLS_LISTVIEW : 0U);
-    ASSERT_NE(view->Create(host, CONTROL_ID, 0, 0, 300, 400, style, nullptr), nullptr);
-    view->UseSystemImageList();
-    QVLTreeViewItem record;
-    record.SetChecked(true);
-    for (int i = 0; i < 3; ++i) EXPECT_NE(view->InsertItem(&record, -1), -1);
-    view->SelectAll();
-    EXPECT_EQ(view->GetSelectedCount(), 3);
-    EXPECT_EQ(view->GetCheckedCount(), 3);
-  }
-
- private:
-  bool Heard(const std::string&) override { return true; }
-  void NameFiles(FileNameList* files) override {
-    *files = {TEXT("C:\\folder\\file.txt"), TEXT("C:\\folder\\other.txt")};
+template <class Result, class... Arguments, Result (*Function)(Arguments...), auto Failure>
+struct Failing<Function, Failure> {
+  static Result Call(Arguments... arguments) {
+    return Interruption::IsHere() ? static_cast<Result>(Failure) : Function(arguments...);
   }
 };
 
-// Lets something fail, the first time it happens, the second, and so on, in every act. `arm` gives
-// an object for whose life the one of that number fails. The result counts the failures.
-template <class Arm>
-int FailInEveryAct(const std::string& what, Arm arm) {
-  int injected = 0;
-  const auto fail = [&](const Act& act, bool list, unsigned seed, int number) {
-    SCOPED_TRACE(act.name + (list ? " of a list, " : " of a tree, ") + what + " no. " +
-                 std::to_string(number) + ", seed " + std::to_string(seed));
-    Scene scene(list, seed);
-    {
-      const auto armed = arm(number);
-      EXPECT_NO_THROW(act.run(scene));
-      FailurePoint::Disarm();
-    }
-    scene.ExpectUsable();
-    return FailurePoint::calls >= number;
-  };
-  for (const Act& act : Acts()) {
-    for (unsigned variant = 0; variant < 2 * SEEDS; ++variant) {
-      int number = 1;
-      while (number <= MOST_OF_ONE_CALL && fail(act, variant % 2, 1 + variant / 2, number))
-        ++number;
-      injected += number - 1;
-    }
-  }
-  return injected;
+using Patches = std::vector<std::unique_ptr<ImportPatch>>;
+
+struct PlatformCall {
+  const char* name;
+  void (*add)(Patches& patches, const char* name);
+};
+
+template <auto Function, auto Failure>
+void Add(Patches& patches, const char* name) {
+  patches.push_back(std::make_unique<ImportPatch>(name, &Failing<Function, Failure>::Call));
 }
 
-class Failure : public ::testing::Test {
+constexpr PlatformCall kCalls[] = {
+    {"ActivateActCtx", &Add<&ActivateActCtx, FALSE>},
+    {"CallWindowProcW", &Add<&CallWindowProcW, 0>},
+    {"CoDisconnectObject", &Add<&CoDisconnectObject, E_FAIL>},
+    {"CreatePopupMenu", &Add<&CreatePopupMenu, nullptr>},
+    {"CreateWindowExW", &Add<&CreateWindowExW, nullptr>},
+    {"DefWindowProcW", &Add<&DefWindowProcW, 0>},
+    {"DestroyIcon", &Add<&DestroyIcon, FALSE>},
+    {"DestroyWindow", &Add<&DestroyWindow, FALSE>},
+    {"DoDragDrop", &Add<&DoDragDrop, E_FAIL>},
+    {"GetClassLongPtrW", &Add<&GetClassLongPtrW, 0>},
+    {"GetClientRect", &Add<&GetClientRect, FALSE>},
+    {"GetScrollInfo", &Add<&GetScrollInfo, FALSE>},
+    {"GetWindowLongPtrW", &Add<&GetWindowLongPtrW, 0>},
+    {"GlobalAlloc", &Add<&GlobalAlloc, nullptr>},
+    {"GlobalLock", &Add<&GlobalLock, nullptr>},
+    {"InvalidateRect", &Add<&InvalidateRect, FALSE>},
+    {"IsWindowUnicode", &Add<&IsWindowUnicode, FALSE>},
+    {"LoadCursorW", &Add<&LoadCursorW, nullptr>},
+    {"MoveWindow", &Add<&MoveWindow, FALSE>},
+    {"RedrawWindow", &Add<&RedrawWindow, FALSE>},
+    {"RegisterClassW", &Add<&RegisterClassW, 0>},
+    {"SHBindToParent", &Add<&SHBindToParent, E_FAIL>},
+    {"SHGetDesktopFolder", &Add<&SHGetDesktopFolder, E_FAIL>},
+    {"SHGetFileInfoW", &Add<&SHGetFileInfoW, 0>},
+    {"SHGetMalloc", &Add<&SHGetMalloc, E_FAIL>},
+    {"ScreenToClient", &Add<&ScreenToClient, FALSE>},
+    {"SendMessageW", &Add<&SendMessageW, 0>},
+    {"SetScrollInfo", &Add<&SetScrollInfo, 0>},
+    {"SetWindowLongPtrW", &Add<&SetWindowLongPtrW, 0>},
+    {"ShowWindow", &Add<&ShowWindow, FALSE>},
+    {"TrackPopupMenu", &Add<&TrackPopupMenu, FALSE>},
+};
+
+void* NewOrThrow(std::size_t size) {
+  if (Interruption::IsHere()) throw std::bad_alloc();
+  return ::operator new(size);
+}
+
+void* NewOrNull(std::size_t size, const std::nothrow_t& tag) {
+  return Interruption::IsHere() ? nullptr : ::operator new(size, tag);
+}
+
+void* NewArrayOrNull(std::size_t size, const std::nothrow_t& tag) {
+  return Interruption::IsHere() ? nullptr : ::operator new[](size, tag);
+}
+
+WCHAR* TextOrNull(VornSDK::Util::WStr* text, int length) {
+  return Interruption::IsHere() ? nullptr : text->dataForWrite(length);
+}
+
+// The library's allocations: operator new, the host's text class and global memory.
+void AddAllocations(Patches& patches, const char*) {
+  Add<&GlobalAlloc, nullptr>(patches, "GlobalAlloc");
+  const auto add = [&](const char* name, auto* function) {
+    patches.push_back(std::make_unique<ImportPatch>(name, function));
+  };
+  add("_Znwm", &NewOrThrow);
+  add("_ZnwmRKSt9nothrow_t", &NewOrNull);
+  add("_ZnamRKSt9nothrow_t", &NewArrayOrNull);
+  add("_ZN7VornSDK4Util4WStr12dataForWriteEi", &TextOrNull);
+}
+
+// Lets one call of that kind fail during its life.
+class FailingCall {
+ public:
+  FailingCall(const PlatformCall& call, int number) {
+    call.add(patches, call.name);
+    Interruption::Arm(number);
+  }
+  ~FailingCall() { Interruption::at = 0; }
+
+ private:
+  Patches patches;
+};
+
+constexpr PlatformCall kAllocation = {"allocation", &AddAllocations};
+
+// A scene in a window of its own, which may keep a control that could not be destroyed.
+class OwnedScene final : public Scene {
+ public:
+  OwnedScene(bool asList, unsigned seed) : Scene(MakeHostWindow(), asList, seed) {}
+  ~OwnedScene() override {
+    Release();
+    DestroyWindow(host);
+  }
+};
+
+class FailureTest : public ::testing::Test {
  protected:
   void SetUp() override {
     winsim::SetDragScript(TakeFiles);
     winsim::AddShellFile(u"C:\\folder\\file.txt");
     winsim::AddShellFile(u"C:\\folder\\other.txt");
   }
+
   void TearDown() override {
     const winsim::Counts after = winsim::CountLive();
     EXPECT_EQ(after.menus, 0);
@@ -121,68 +156,71 @@ class Failure : public ::testing::Test {
     EXPECT_EQ(after.interfaces, 0);
     winsim::Reset();
   }
+
+  // The number of times that the call failed.
+  int FailInEveryOperation(const PlatformCall& call) {
+    int failures = 0;
+    ForEachOperation(kMostWays, [&](const Operation& operation, bool asList, unsigned seed) {
+      for (int number = 1; number <= kMostPoints; ++number) {
+        SCOPED_TRACE(call.name + (" number " + std::to_string(number)));
+        OwnedScene scene(asList, seed);
+        {
+          const FailingCall failing(call, number);
+          EXPECT_NO_THROW(operation.run(scene));
+        }
+        EXPECT_EQ(scene.openBrackets, 0);
+        const bool failed = Interruption::points >= number;
+        scene.ExpectUsable();
+        if (!failed) break;
+        ++failures;
+      }
+    });
+    return failures;
+  }
 };
 
-TEST_F(Failure, OfMemoryLeavesEveryOperationWhole) {
-  const int windows = winsim::CountLive().windows;
-  const int injected = FailInEveryAct(
-      "allocation", [](int number) { return std::make_unique<ScarceMemory>(number); });
-  EXPECT_EQ(winsim::CountLive().windows, windows);
-  std::printf("allocations that failed: %d\n", injected);
-  EXPECT_GT(injected, 250);
+TEST_F(FailureTest, AllocationsMayFailInEveryOperation) {
+  const int failures = FailInEveryOperation(kAllocation);
+  EXPECT_EQ(winsim::CountLive().windows, 0);
+  std::printf("allocations that failed: %d\n", failures);
+  EXPECT_GT(failures, 250);
 }
 
-struct PlatformCall {
-  const char* name;
-  std::unique_ptr<ImportPatch> (*patch)(const char* name);
-};
-
-constexpr PlatformCall CALLS[] = {
-    {"ActivateActCtx", PatchToFail<&ActivateActCtx, FALSE>},
-    {"CallWindowProcW", PatchToFail<&CallWindowProcW, 0>},
-    {"CoDisconnectObject", PatchToFail<&CoDisconnectObject, E_FAIL>},
-    {"CreatePopupMenu", PatchToFail<&CreatePopupMenu, nullptr>},
-    {"CreateWindowExW", PatchToFail<&CreateWindowExW, nullptr>},
-    {"DefWindowProcW", PatchToFail<&DefWindowProcW, 0>},
-    {"DestroyIcon", PatchToFail<&DestroyIcon, FALSE>},
-    {"DestroyWindow", PatchToFail<&DestroyWindow, FALSE>},
-    {"DoDragDrop", PatchToFail<&DoDragDrop, E_FAIL>},
-    {"GetClassLongPtrW", PatchToFail<&GetClassLongPtrW, 0>},
-    {"GetClientRect", PatchToFail<&GetClientRect, FALSE>},
-    {"GetScrollInfo", PatchToFail<&GetScrollInfo, FALSE>},
-    {"GlobalAlloc", PatchToFail<&GlobalAlloc, nullptr>},
-    {"GlobalLock", PatchToFail<&GlobalLock, nullptr>},
-    {"InvalidateRect", PatchToFail<&InvalidateRect, FALSE>},
-    {"IsWindowUnicode", PatchToFail<&IsWindowUnicode, FALSE>},
-    {"LoadCursorW", PatchToFail<&LoadCursorW, nullptr>},
-    {"MoveWindow", PatchToFail<&MoveWindow, FALSE>},
-    {"RegisterClassW", PatchToFail<&RegisterClassW, 0>},
-    {"RedrawWindow", PatchToFail<&RedrawWindow, FALSE>},
-    {"SHBindToParent", PatchToFail<&SHBindToParent, E_FAIL>},
-    {"SHGetDesktopFolder", PatchToFail<&SHGetDesktopFolder, E_FAIL>},
-    {"SHGetFileInfoW", PatchToFail<&SHGetFileInfoW, 0>},
-    {"SHGetMalloc", PatchToFail<&SHGetMalloc, E_FAIL>},
-    {"ScreenToClient", PatchToFail<&ScreenToClient, FALSE>},
-    {"SendMessageW", PatchToFail<&SendMessageW, 0>},
-    {"SetScrollInfo", PatchToFail<&SetScrollInfo, 0>},
-    {"SetWindowLongPtrW", PatchToFail<&SetWindowLongPtrW, 0>},
-    {"GetWindowLongPtrW", PatchToFail<&GetWindowLongPtrW, 0>},
-    {"ShowWindow", PatchToFail<&ShowWindow, FALSE>},
-    {"TrackPopupMenu", PatchToFail<&TrackPopupMenu, FALSE>},
-};
-
-TEST_F(Failure, OfAPlatformCallLeavesEveryOperationWhole) {
-  int injected = 0;
-  for (const PlatformCall& call : CALLS) {
-    const int ofThisCall = FailInEveryAct(call.name, [&](int number) {
-      FailurePoint::Arm(number);
-      return call.patch(call.name);
-    });
-    EXPECT_GT(ofThisCall, 0) << "no act makes the call " << call.name;
-    injected += ofThisCall;
+TEST_F(FailureTest, PlatformCallsMayFailInEveryOperation) {
+  int failures = 0;
+  for (const PlatformCall& call : kCalls) {
+    const int failuresOfCall = FailInEveryOperation(call);
+    EXPECT_GT(failuresOfCall, 0) << "no operation calls " << call.name;
+    failures += failuresOfCall;
   }
-  std::printf("platform failures injected: %d\n", injected);
-  EXPECT_GT(injected, 4000);
+  std::printf("platform calls that failed: %d\n", failures);
+  EXPECT_GT(failures, 2500);
+}
+
+TEST_F(FailureTest, FailedAllocationsOutsideOfAView) {
+  QVLTreeViewItem item;
+  item.SetItemName(TEXT("short"));
+  const FailingCall failing(kAllocation, 1);
+  item.SetItemName(std::basic_string<WCHAR>(1000, TEXT('x')).c_str());
+  EXPECT_EQ(item.GetItemName(), std::basic_string<WCHAR>());
+  Interruption::Arm(1);
+  EXPECT_EQ(GetIQVLTreeView(), nullptr);
+}
+
+TEST_F(FailureTest, ListThatCannotGrowKeepsItsItems) {
+  for (const bool asList : {false, true}) {
+    OwnedScene scene(asList, 1);
+    scene.view->ExpandAll();
+    const ItemHandleList all = scene.Items();
+    // The capacity doubles, so the fourth allocation is that of the fifth item.
+    const std::ptrdiff_t kept[] = {0, 1, 2, 4};
+    for (int number = 1; number <= 4; ++number) {
+      const FailingCall failing(kAllocation, number);
+      ItemHandleList items;
+      EXPECT_EQ(scene.view->GetItems(&items, true), kept[number - 1]);
+      EXPECT_EQ(items, ItemHandleList(all.begin(), all.begin() + kept[number - 1]));
+    }
+  }
 }
 
 }  // namespace
