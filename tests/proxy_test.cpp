@@ -1,64 +1,53 @@
-// What a view answers without a control, and how it comes to one.
-#include "support/host_window.h"
-#include "support/import_patch.h"
+// The results of a view without a control, and how a view gets and loses its control.
+#include "support/each_view.h"
+#include "support/replaced_call.h"
 #include "support/sent_messages.h"
 
 namespace {
 
-constexpr POINT SOME_POINT = {10, 10};
+using V = IQVLTreeView;
 
-// What has no control must look at no argument, so some of the pointers are null.
-void ExpectNoNumbers(IQVLTreeView& view, ItemHandle noItem) {
+// Every operation but Create and those of the mode and the client. Without a control no argument is
+// read, so some of the pointers are null.
+void ExpectFailures(V& view, ItemHandle noItem) {
+  const POINT point = {10, 10};
   QVLTreeViewItem record;
   ItemHandleList items = {1, 2, 3};
   EXPECT_EQ(view.GetControlWindow(), nullptr);
   EXPECT_EQ(view.InsertItem(&record, -1), noItem);
-  EXPECT_EQ(view.HitTest(&SOME_POINT, true, nullptr), noItem);
+  EXPECT_EQ(view.HitTest(&point, true, nullptr), noItem);
   std::uint32_t hitFlags = 5;
-  EXPECT_EQ(view.HitTest(&SOME_POINT, true, &hitFlags), noItem);
-  EXPECT_EQ(hitFlags, noItem == 0 ? 5u : 0u) << "without a view nobody is there to write them";
+  EXPECT_EQ(view.HitTest(&point, true, &hitFlags), noItem);
+  EXPECT_EQ(hitFlags, noItem == 0 ? 5u : 0u) << "only an implementation writes them";
   EXPECT_EQ(view.GetItems(&items, true), 0);
   EXPECT_EQ(items, (ItemHandleList{1, 2, 3}));
-  EXPECT_EQ(view.GetParentItem(1), -1);
-  EXPECT_EQ(view.GetFirstChildItem(1), -1);
-  EXPECT_EQ(view.GetNextSiblingItem(1), -1);
+  for (const auto next : {&V::GetParentItem, &V::GetFirstChildItem, &V::GetNextSiblingItem}) {
+    EXPECT_EQ((view.*next)(1), -1);
+  }
   EXPECT_EQ(view.GetItemClientPtr(1), 0);
-  EXPECT_EQ(view.GetSelectedCount(), 0);
-  EXPECT_EQ(view.GetSelectedItem(0), 0);
-  EXPECT_EQ(view.GetCheckedCount(), 0);
-  EXPECT_EQ(view.GetCheckedItem(0), 0);
-}
+  for (const auto count : {&V::GetSelectedCount, &V::GetCheckedCount})
+    EXPECT_EQ((view.*count)(), 0);
+  for (const auto item : {&V::GetSelectedItem, &V::GetCheckedItem}) EXPECT_EQ((view.*item)(0), 0);
 
-void ExpectAllFalse(IQVLTreeView& view) {
-  QVLTreeViewItem record;
   int written = 77;
-  EXPECT_FALSE(view.SetImageList(nullptr));
-  EXPECT_FALSE(view.UseSystemImageList());
-  EXPECT_FALSE(view.SetStateImageList(nullptr));
-  EXPECT_FALSE(view.SetBkColor(1));
-  EXPECT_FALSE(view.SetTextColor(1));
-  EXPECT_FALSE(view.GetMultiSelect());
-  EXPECT_FALSE(view.Move(1, 2, 3, 4));
+  for (const auto set : {&V::SetImageList, &V::SetStateImageList})
+    EXPECT_FALSE((view.*set)(nullptr));
+  for (const auto set : {&V::SetBkColor, &V::SetTextColor}) EXPECT_FALSE((view.*set)(1));
+  for (const auto is :
+       {&V::DeleteItem, &V::IsItemExpanded, &V::IsItemSelected, &V::IsItemChecked}) {
+    EXPECT_FALSE((view.*is)(1));
+  }
+  EXPECT_FALSE(view.UseSystemImageList() || view.UpdateItem(&record, 1));
+  EXPECT_FALSE(view.Move(1, 2, 3, 4) || view.ShowContextMenu(1, 2));
   EXPECT_FALSE(view.GetScrollPosition(&written, &written));
   EXPECT_EQ(written, 77);
-  EXPECT_FALSE(view.UpdateItem(&record, 1));
-  EXPECT_FALSE(view.DeleteItem(1));
-  EXPECT_FALSE(view.IsItemExpanded(1));
-  EXPECT_FALSE(view.IsItemSelected(1));
-  EXPECT_FALSE(view.IsItemChecked(1));
-  EXPECT_FALSE(view.ShowContextMenu(1, 2));
-}
 
-// The operations without a result that need a control to do anything.
-void DoTheRest(IQVLTreeView& view) {
-  using V = IQVLTreeView;
   view.SetScrollPosition(1, 2);
-  view.SetToolTipWidth(100);
-  view.SetToolTipDelay(100);
-  view.ExpandItem(1, true);
   view.EnsureVisible(-1);
-  view.SetItemSelected(1, true);
-  view.SetItemChecked(1, true);
+  for (const auto set : {&V::SetToolTipWidth, &V::SetToolTipDelay}) (view.*set)(100);
+  for (const auto set : {&V::ExpandItem, &V::SetItemSelected, &V::SetItemChecked}) {
+    (view.*set)(1, true);
+  }
   for (const auto operation : {&V::DeleteAllItems, &V::Hide, &V::Show, &V::Redraw, &V::ExpandAll,
                                &V::CollapseAll, &V::SelectAll, &V::ClearSelection,
                                &V::InvertSelection, &V::CheckAll, &V::UncheckAll, &V::Destroy}) {
@@ -66,50 +55,18 @@ void DoTheRest(IQVLTreeView& view) {
   }
 }
 
-int windowsToCome = 0;
-
-HWND WINAPI CreateUnlessItFails(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x,
-                                int y, int width, int height, HWND parent, HMENU menu,
-                                HINSTANCE instance, LPVOID parameter) {
-  if (windowsToCome-- == 0) return nullptr;
-  return CreateWindowExW(exStyle, className, title, style, x, y, width, height, parent, menu,
-                         instance, parameter);
-}
-
-// Has a window report an expansion before it goes.
-BOOL WINAPI ReportThenDestroy(HWND window) {
-  NMTREEVIEWW record = {};
-  record.hdr = {window, static_cast<UINT_PTR>(GetDlgCtrlID(window)),
-                static_cast<UINT>(TVN_ITEMEXPANDEDW)};
-  SendMessageW(GetParent(window), WM_NOTIFY, record.hdr.idFrom, reinterpret_cast<LPARAM>(&record));
-  return DestroyWindow(window);
-}
-
-BOOL WINAPI RefuseToDestroy(HWND) { return FALSE; }
-
-// A view that becomes a tree or a list.
-class Proxy : public HostTest, public ::testing::WithParamInterface<std::uint32_t> {
+class Proxy : public EachView {
  protected:
-  int Type() const { return GetParam() == QVLS_LISTVIEW ? 2 : 1; }
+  int Type() const { return TreeOrList(1, 2); }
 
-  void Open(std::uint32_t style = GetParam()) {
-    control = CreateView(style);
-    ASSERT_NE(control, nullptr);
-    Insert(TEXT("a"));
-    client.Take();
-  }
-
-  // What a view answers that has no control, and -1 or 0 for an item that is not there.
-  void ExpectFailures(ItemHandle noItem) {
+  void ExpectWithoutControl(ItemHandle noItem) {
     const SentMessages sent;
-    ExpectNoNumbers(*view, noItem);
-    ExpectAllFalse(*view);
-    DoTheRest(*view);
-    EXPECT_TRUE(sent.all.empty() || view->GetViewType() == 1) << "a list tries nothing";
-    EXPECT_EQ(client.Take(), Lines());
+    ExpectFailures(*view, noItem);
+    EXPECT_TRUE(sent.all.empty() || !IsList()) << "a list sends nothing";
+    EXPECT_EQ(Heard(), "");
   }
 
-  // A view comes again, in place of what was there before, and keeps its client.
+  // Create makes a new view in place of what was there before, and keeps the client.
   void ExpectCreated(std::uint32_t style = 0) {
     const HWND made =
         view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, GetParam() | style, nullptr);
@@ -117,44 +74,41 @@ class Proxy : public HostTest, public ::testing::WithParamInterface<std::uint32_
     EXPECT_EQ(view->GetControlWindow(), made);
     EXPECT_EQ(CountParents(), 1);
     EXPECT_EQ(view->GetViewType(), Type());
-    EXPECT_EQ(view->GetMultiSelect(), Type() == 1 && style != QVLS_SINGLESEL);
+    EXPECT_EQ(view->GetMultiSelect(), !IsList() && style != QVLS_SINGLESEL);
     ItemHandleList items;
     EXPECT_EQ(view->GetItems(&items, true), 0);
-    const ItemHandle item = Insert(TEXT("b"));
     client.Take();
-    view->SetItemSelected(item, true);
-    EXPECT_EQ(client.Take(), (Lines{"Begin", "Changed b", "End"}));
+    view->SetItemSelected(Insert(TEXT("b")), true);
+    EXPECT_EQ(Heard(), "B b E");
   }
 
   // The view's parent windows inside the host.
   int CountParents() const {
     int count = 0;
-    for (HWND child = GetWindow(host, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-      ++count;
-    }
+    HWND child = GetWindow(host, GW_CHILD);
+    for (; child; child = GetWindow(child, GW_HWNDNEXT)) ++count;
     return count;
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, Proxy, ::testing::Values(0u, std::uint32_t{QVLS_LISTVIEW}));
+INSTANTIATE_TEST_SUITE_P(Views, Proxy, EACH_VIEW, ViewName);
 
-TEST_P(Proxy, AnswersWithoutAnImplementation) {
-  for (const bool listening : {false, true}) {
-    view->SetClient(listening ? &client : nullptr);
+TEST_P(Proxy, WithoutImplementationOrControlEveryOperationFails) {
+  for (const bool withClient : {false, true}) {
+    view->SetClient(withClient ? &client : nullptr);
     view->SetMultiSelect(true);
     EXPECT_EQ(view->GetViewType(), -1);
-    ExpectFailures(0);
+    EXPECT_FALSE(view->GetMultiSelect());
+    ExpectWithoutControl(0);
   }
-}
-
-TEST_P(Proxy, AnswersWithoutAControlAndKeepsTheClient) {
-  Open();
+  OpenWithItems();
   view->SetMultiSelect(true);
   view->Destroy();
   client.Take();
   EXPECT_EQ(CountParents(), 0);
   EXPECT_EQ(view->GetViewType(), Type());
-  ExpectFailures(-1);
+  EXPECT_FALSE(view->GetMultiSelect());
+  ExpectWithoutControl(-1);
   view->SetMultiSelect(true);
   EXPECT_TRUE(view->GetMultiSelect());
   ExpectCreated();
@@ -164,21 +118,23 @@ TEST_P(Proxy, AnswersWithoutAControlAndKeepsTheClient) {
 
 TEST_P(Proxy, CreateThatFailsLeavesAViewWithoutControl) {
   for (const int made : {0, 1}) {
+    int windows = made;
     {
-      windowsToCome = made;
-      const ImportPatch patch("CreateWindowExW", &CreateUnlessItFails);
+      const Replaced patch("CreateWindowExW", &CreateWindowExW, [&](auto... arguments) {
+        return windows-- == 0 ? nullptr : CreateWindowExW(arguments...);
+      });
       EXPECT_EQ(CreateView(GetParam()), nullptr);
-      EXPECT_EQ(windowsToCome, -1) << "nothing is tried after the one that failed";
+      EXPECT_EQ(windows, -1) << "nothing is created after the one that failed";
     }
-    EXPECT_EQ(client.Take(), Lines());
+    EXPECT_EQ(Heard(), "");
     EXPECT_EQ(CountParents(), made) << "the parent stays until Destroy";
     EXPECT_EQ(view->GetViewType(), Type());
     if (made == 1) {
       SendMessageW(GetWindow(host, GW_CHILD), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
-      EXPECT_EQ(client.Take(), Lines{"ContextMenu 60,70 -1 0x0000"});
+      EXPECT_EQ(Heard(), "ContextMenu 60,70 -1 0x0000");
     }
     view->SetClient(nullptr);
-    ExpectFailures(-1);
+    ExpectWithoutControl(-1);
     view->SetClient(&client);
     ExpectCreated();
   }
@@ -186,75 +142,74 @@ TEST_P(Proxy, CreateThatFailsLeavesAViewWithoutControl) {
 
 TEST_P(Proxy, SecondCreateReplacesEverythingButTheClient) {
   for (const std::uint32_t first : {0u, std::uint32_t{QVLS_LISTVIEW}}) {
-    Open(first | QVLS_SINGLESEL);
+    OpenView(first | QVLS_SINGLESEL);
     view->SetMultiSelect(true);
     ExpectCreated(QVLS_SINGLESEL);
     EXPECT_FALSE(IsWindow(control));
   }
 }
 
-// A host may close its own window first.
-TEST_P(Proxy, ReleaseAfterTheHostsWindowOrOfNothing) {
-  Open();
+TEST_P(Proxy, HostMayDestroyTheWindowsBeforeTheView) {
+  OpenWithItems();
   DestroyWindow(control);
   view->DeleteAllItems();
   EXPECT_EQ(view->GetSelectedCount(), 0);
-  Open();
+  OpenWithItems();
   DestroyWindow(host);
   EXPECT_FALSE(view->DeleteItem(1));
   ReleaseView();
   ReleaseIQVLTreeView(nullptr);
 }
 
-TEST_P(Proxy, WindowsThatThePlatformKeepsNoLongerFindTheirView) {
-  Open();
-  if (Type() == 2) SetWindowLongPtrW(control, GWLP_USERDATA, 42);
+TEST_P(Proxy, WindowsThatThePlatformKeepsDoNotFindTheView) {
+  OpenWithItems();
+  if (IsList()) SetWindowLongPtrW(control, GWLP_USERDATA, 42);
   {
-    const ImportPatch patch("DestroyWindow", &RefuseToDestroy);
+    const Replaced refuse("DestroyWindow", &DestroyWindow, [](HWND) { return FALSE; });
     ReleaseView();
   }
   client.Take();
-  SendMessageW(GetParent(control), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
-  SendMessageW(control, WM_KEYDOWN, VK_DOWN, 1);
-  SendMessageW(control, WM_SETREDRAW, TRUE, 0);
-  EXPECT_EQ(client.Take(), Lines());
-  EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), Type() == 2 ? 42 : 0);
+  SendMessageW(parent, WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
+  Ask(WM_KEYDOWN, VK_DOWN, 1);
+  Ask(WM_SETREDRAW, TRUE);
+  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), TreeOrList(0, 42));
 }
 
-// Until the view is freed: what a callback asks and sets while its windows go.
-TEST_P(Proxy, OperationsReachTheViewThatGoes) {
-  const ImportPatch report("DestroyWindow", &ReportThenDestroy);
-  Open(0);
-  client.onItemExpanded = [&](ItemHandle) {
-    client.onItemExpanded = nullptr;
+// A control may report while it is destroyed. Until then operations reach the old view.
+TEST_P(Proxy, CallbackMayDoAnythingWhileASecondCreateDestroysTheControl) {
+  const Replaced report("DestroyWindow", &DestroyWindow, [](HWND window) {
+    NMTREEVIEWW record = {};
+    record.hdr = {window, static_cast<UINT_PTR>(GetDlgCtrlID(window)), TVN_ITEMEXPANDEDW};
+    SendMessageW(GetParent(window), WM_NOTIFY, record.hdr.idFrom,
+                 reinterpret_cast<LPARAM>(&record));
+    return DestroyWindow(window);
+  });
+  const auto openTree = [this](auto reaction) {
+    OpenView(0);
+    view->SetItemSelected(Insert(TEXT("a")), true);
+    client.Take();
+    client.onItemExpanded = [this, reaction](ItemHandle) {
+      client.onItemExpanded = nullptr;
+      reaction();
+    };
+  };
+  openTree([this] {
     EXPECT_EQ(view->GetViewType(), 1);
     EXPECT_EQ(view->GetControlWindow(), control);
     view->SetClient(nullptr);
-  };
-  view->SetItemSelected(Item('a'), true);
-  client.Take();
+  });
   EXPECT_NE(view->Create(host, CONTROL_ID, 0, 0, 10, 10, GetParam(), nullptr), nullptr);
-  EXPECT_EQ(client.Take(), Lines{"Expanded 0"}) << "the rest of the end is not heard";
+  EXPECT_EQ(Heard(), "Expanded 0") << "nothing more without a client";
   view->SetClient(&client);
   ExpectCreated();
-}
 
-// The old control goes first, and what it reports then may change everything.
-TEST_P(Proxy, CallbackMayCreateOrReleaseWhileASecondCreateEndsTheOldControl) {
-  const ImportPatch report("DestroyWindow", &ReportThenDestroy);
-  Open(0);
-  client.onItemExpanded = [&](ItemHandle) {
-    client.onItemExpanded = nullptr;
-    control = CreateView();
-  };
+  openTree([this] { control = CreateView(); });
   ExpectCreated();
   EXPECT_NE(control, nullptr);
   EXPECT_FALSE(IsWindow(control)) << "the outer Create came last";
-  Open(0);
-  client.onItemExpanded = [&](ItemHandle) {
-    client.onItemExpanded = nullptr;
-    ReleaseView();
-  };
+
+  openTree([this] { ReleaseView(); });
   EXPECT_EQ(CreateView(GetParam()), nullptr);
   EXPECT_EQ(CountParents(), 0);
 }

@@ -1,246 +1,240 @@
-// Operations over many items draw once, at the end: when redrawing is suspended and put back.
-
-#include <windows.h>
-
+// Operations with many changes draw once, at the end: when drawing is suspended and resumed.
 #include <functional>
 #include <string>
-#include <vector>
 
+#include "support/each_view.h"
+#include "support/replaced_call.h"
 #include "support/sent_messages.h"
-#include "support/tree_gestures.h"
 
 namespace {
 
-// What the library asks of the drawing of any window.
-const std::string NOTHING;
-const std::string SUSPENDED = "off ";
-const std::string ONE_DRAWING = "off on ";
-const std::string TWO_DRAWINGS = "off on off on ";
+using Step = std::function<void()>;
 
+constexpr std::size_t kUnchanged = 12;
+
+// The library's requests to a control that draws once.
+const std::string kOneDrawing = "off on ";
+
+// Prepared so that all items change but for the first or the last ones.
 struct Operation {
   const char* name;
-  std::function<void()> prepare;
-  std::function<void()> run;
+  std::size_t unchanged;
+  Step prepare;
+  Step run;
 };
 
-// What the host does with the drawing, and what the library asks for then.
-struct HostsWay {
+// What the host does before a SelectAll or in one of its reports, the library's requests during the
+// SelectAll, and those during the next operation.
+struct HostStep {
   const char* name;
-  std::function<void()> action;
-  int report;  // in which of SelectAll's reports it is done; 0 is before
+  Step run;
+  int report;  // 0 is before
   std::string requests;
-  std::string next;  // what the operation after that asks for
+  std::string next;
 };
 
-class RedrawTest : public TreeTest, public ::testing::WithParamInterface<std::uint32_t> {
+class Redraw : public EachView {
  protected:
-  bool IsList() const { return GetParam() == QVLS_LISTVIEW; }
-
-  void OpenWith(int count) {
-    OpenEmpty(QVLS_CHECKBOXES | QVLS_SHOWSELALWAYS | GetParam());
+  void OpenWith(std::size_t count) {
+    Open(QVLS_CHECKBOXES | QVLS_SHOWSELALWAYS);
     if (IsList()) SetWindowLongPtrW(control, GWLP_USERDATA, 42);  // the host's own
+    SetFocus(control);
     items.clear();
-    for (int i = 0; i < count; ++i) items.push_back(Insert(TEXT("i")));
+    while (items.size() < count) items.push_back(Insert(TEXT("i")));
     Settle();
   }
 
   void Settle() {
     PumpMessages();
-    client.Take();
     sent.Forget();
     ValidateRect(control, nullptr);
   }
 
-  // What was asked since the view settled.
   std::string Requests() const {
     std::string requests;
-    for (const SentMessage& request : sent.Of(WM_SETREDRAW)) {
-      requests += request.wParam ? "on " : "off ";
-    }
+    for (const SentMessage& each : sent.Of(WM_SETREDRAW)) requests += each.wParam ? "on " : "off ";
     return requests;
   }
 
-  void HostSetsRedraw(bool on) { Ask(WM_SETREDRAW, on); }
-
   bool WaitsToBeDrawn() {
-    RECT area = {};
     RECT waiting = {};
-    GetClientRect(control, &area);
     GetUpdateRect(control, &waiting, FALSE);
+    const RECT area = ClientRect();
     return waiting.right == area.right && waiting.bottom == area.bottom && area.right > 0;
   }
 
-  // Without letting anything be drawn.
+  // Calls `reaction` in the report of that number, from 1.
+  void InReport(int number, const Step& reaction) {
+    reports = 0;
+    client.onItemSelectionChanged = [=, this](ItemHandle) {
+      if (++reports == number) reaction();
+    };
+  }
+
+  // Without drawing.
   void ShiftPress(ItemHandle item) {
     const POINT point = LabelPoint(item);
-    const LPARAM packed = MAKELPARAM(point.x, point.y);
-    PostMessageW(control, WM_LBUTTONUP, 0, packed);
-    Ask(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, packed);
+    PostMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    Ask(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(point.x, point.y));
   }
 
   std::vector<Operation> Operations() {
-    const auto nothing = [] {};
-    const auto selectAll = [this] { view->SelectAll(); };
-    const auto checkAll = [this] { view->CheckAll(); };
-    std::vector<Operation> operations = {
-        {"SelectAll", nothing, selectAll},
-        {"ClearSelection", selectAll, [this] { view->ClearSelection(); }},
-        {"InvertSelection", nothing, [this] { view->InvertSelection(); }},
-        {"CheckAll", nothing, checkAll},
-        {"UncheckAll", checkAll, [this] { view->UncheckAll(); }},
+    using V = IQVLTreeView;
+    const auto set = [this](auto setter, bool first) -> Step {
+      return [=, this] {
+        for (std::size_t i = 0; i < items.size(); ++i) {
+          (view->*setter)(items[i], (i < kUnchanged) == first);
+        }
+      };
     };
-    if (IsList()) return operations;
-    const auto expandAll = [this] { view->ExpandAll(); };
-    operations.push_back({"ExpandAll", nothing, expandAll});
-    operations.push_back({"CollapseAll", expandAll, [this] { view->CollapseAll(); }});
-    operations.push_back({"a Shift press", [this] { MoveCaret(items.front()); },
-                          [this] { ShiftPress(items.back()); }});
-    // All the items above lose their marks.
-    operations.push_back({"a Shift press on the last", [this] { MoveCaret(items.back()); },
-                          [this] { ShiftPress(items.back()); }});
+    const auto run = [this](void (V::*operation)()) -> Step {
+      return [=, this] { (view->*operation)(); };
+    };
+    const auto caretTo = [this](bool last) -> Step {
+      return [=, this] { Ask(TVM_SELECTITEM, TVGN_CARET, last ? items.back() : items.front()); };
+    };
+    const Step press = [this] { ShiftPress(items.back()); };
+    std::vector<Operation> operations = {
+        {"SelectAll", kUnchanged, set(&V::SetItemSelected, true), run(&V::SelectAll)},
+        {"ClearSelection", kUnchanged, set(&V::SetItemSelected, false), run(&V::ClearSelection)},
+        {"InvertSelection", 0, [] {}, run(&V::InvertSelection)},
+        {"CheckAll", kUnchanged, set(&V::SetItemChecked, true), run(&V::CheckAll)},
+        {"UncheckAll", kUnchanged, set(&V::SetItemChecked, false), run(&V::UncheckAll)},
+        {"ExpandAll", 0, [] {}, run(&V::ExpandAll)},
+        {"CollapseAll", 0, run(&V::ExpandAll), run(&V::CollapseAll)},
+        {"Shift press that selects", 0, caretTo(false), press},
+        {"Shift press that deselects", 0, caretTo(true), press},
+    };
+    if (IsList()) operations.resize(5);
     return operations;
   }
 
-  std::vector<HostsWay> HostsWays() {
-    const auto suspend = [this] { HostSetsRedraw(false); };
-    const auto hide = [this] { view->Hide(); };
-    const auto hideHost = [this] { ShowWindow(host, SW_HIDE); };
-    const auto putBack = [this] { HostSetsRedraw(false), HostSetsRedraw(true); };
-    const auto check = [this] { view->CheckAll(); };
-    const auto checkAndClear = [this] { view->CheckAll(), view->ClearSelection(); };
+  std::vector<HostStep> HostSteps() {
+    const Step suspend = [this] { Ask(WM_SETREDRAW, FALSE); };
+    const Step resume = [this] { Ask(WM_SETREDRAW, FALSE), Ask(WM_SETREDRAW, TRUE); };
+    const Step hide = [this] { view->Hide(); };
+    const Step hideHost = [this] { ShowWindow(host, SW_HIDE); };
+    const Step check = [this] { view->CheckAll(); };
+    const Step checkAndClear = [this] { view->CheckAll(), view->ClearSelection(); };
     return {
-        {"suspended before", suspend, 0, NOTHING, NOTHING},
-        {"suspended early", suspend, 3, NOTHING, NOTHING},
-        {"suspended late", suspend, 12, SUSPENDED, NOTHING},
-        {"put back", putBack, 12, ONE_DRAWING, ONE_DRAWING},
-        {"hidden before", hide, 0, NOTHING, NOTHING},
-        {"hidden with its host", hideHost, 0, NOTHING, NOTHING},
-        {"hidden late", hide, 12, ONE_DRAWING, NOTHING},
-        {"operation before the outer one suspends", check, 3, TWO_DRAWINGS, ONE_DRAWING},
-        {"operation within", checkAndClear, 12, ONE_DRAWING, ONE_DRAWING},
+        {"suspended before", suspend, 0, "", ""},
+        {"suspended early", suspend, 3, "", ""},
+        {"suspended late", suspend, 12, "off ", ""},
+        {"resumed", resume, 12, kOneDrawing, kOneDrawing},
+        {"hidden before", hide, 0, "", ""},
+        {"hidden with its host", hideHost, 0, "", ""},
+        {"hidden late", hide, 12, kOneDrawing, ""},
+        {"operation before the pause", check, 3, kOneDrawing + kOneDrawing, kOneDrawing},
+        {"operations in the pause", checkAndClear, 12, kOneDrawing, kOneDrawing},
     };
   }
 
   ItemHandleList items;
   SentMessages sent;
+  int reports = 0;
 };
 
-TEST_P(RedrawTest, ManyChangesAreDrawnOnceAtTheEndAndAHandfulAsItComes) {
-  for (const int count : {1, 8, 9, 20}) {
-    for (const Operation& operation : Operations()) {
-      SCOPED_TRACE(operation.name + std::to_string(count));
-      OpenWith(count);
+INSTANTIATE_TEST_SUITE_P(Views, Redraw, EACH_VIEW, ViewName);
+
+TEST_P(Redraw, MoreThanEightChangesAreDrawnOnceAtTheEnd) {
+  for (const Operation& operation : Operations()) {
+    for (const std::size_t changes : {8, 9}) {
+      SCOPED_TRACE(operation.name + std::to_string(changes));
+      OpenWith(changes + operation.unchanged);
       operation.prepare();
       Settle();
       operation.run();
-      EXPECT_EQ(Requests(), count > 8 ? ONE_DRAWING : NOTHING);
-      EXPECT_TRUE(count <= 8 || WaitsToBeDrawn());
+      EXPECT_EQ(Requests(), changes > 8 ? kOneDrawing : "");
+      EXPECT_TRUE(changes <= 8 || WaitsToBeDrawn());
       EXPECT_TRUE(IsWindowVisible(control));
     }
   }
 }
 
-TEST_P(RedrawTest, ItemsThatStayAsTheyAreAreNoChanges) {
-  for (const bool select : {true, false}) {
+TEST_P(Redraw, HostsOwnSuspensionStaysInForce) {
+  for (const HostStep& step : HostSteps()) {
+    SCOPED_TRACE(step.name);
     OpenWith(20);
-    if (!select) view->SelectAll();
-    for (std::size_t i = 0; i < 12; ++i) view->SetItemSelected(items[i], select);
+    if (step.report == 0) step.run();
     Settle();
-    select ? view->SelectAll() : view->ClearSelection();
-    EXPECT_EQ(Requests(), NOTHING);
-    EXPECT_EQ(view->GetSelectedCount(), select ? 20 : 0);
-  }
-}
-
-TEST_P(RedrawTest, TheHostsOwnWayWithTheDrawingComesFirst) {
-  for (const HostsWay& c : HostsWays()) {
-    SCOPED_TRACE(c.name);
-    OpenWith(20);
-    if (c.report == 0) c.action();
-    Settle();
-    int reports = 0;
-    client.onItemSelectionChanged = [&](ItemHandle) {
-      if (++reports == c.report) c.action();
-    };
+    InReport(step.report, step.run);
     view->SelectAll();
-    EXPECT_EQ(Requests(), c.requests);
+    EXPECT_EQ(Requests(), step.requests);
     client.onItemSelectionChanged = nullptr;
     Settle();
     view->InvertSelection();
-    EXPECT_EQ(Requests(), c.next);
-    // The real tree invalidates the items that change even while its redrawing is suspended.
-    EXPECT_TRUE(c.next != NOTHING || (REAL_CONTROL && !IsList()) || !WaitsToBeDrawn());
+    EXPECT_EQ(Requests(), step.next);
+    // The real tree invalidates the items that change even while its drawing is suspended.
+    EXPECT_TRUE(!step.next.empty() || (REAL_CONTROL && !IsList()) || !WaitsToBeDrawn());
 
-    HostSetsRedraw(true);
+    Ask(WM_SETREDRAW, TRUE);
     view->Show();
     ShowWindow(host, SW_SHOWNOACTIVATE);
     EXPECT_TRUE(IsWindowVisible(control));
     Settle();
     view->InvertSelection();
-    EXPECT_EQ(Requests(), ONE_DRAWING);
+    EXPECT_EQ(Requests(), kOneDrawing);
     EXPECT_TRUE(!IsList() || GetWindowLongPtrW(control, GWLP_USERDATA) == 42);
   }
 }
 
 // Some controls leave WM_SETREDRAW to default handling, which hides the window and shows it again.
-LRESULT WINAPI HideWhileSuspended(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_SETREDRAW) ShowWindow(window, wParam ? SW_SHOWNOACTIVATE : SW_HIDE);
-  return SendMessageW(window, message, wParam, lParam);
-}
-
-UINT redrawn = 0;
-BOOL WINAPI NoteRedraw(HWND window, const RECT* rect, HRGN region, UINT flags) {
-  redrawn = rect || region ? 0 : flags;
-  return RedrawWindow(window, rect, region, flags);
-}
-
-TEST_P(RedrawTest, AViewThatIsHiddenMeanwhileStaysHidden) {
+TEST_P(Redraw, ViewThatIsHiddenMeanwhileStaysHidden) {
   for (const bool hides : {false, true}) {
     OpenWith(20);
-    client.onItemSelectionChanged = [&](ItemHandle item) {
-      if (hides && item == items[12]) view->Hide();
+    InReport(12, [&] {
+      if (hides) view->Hide();
+    });
+    UINT redrawn = 0;
+    const auto send = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+      if (message == WM_SETREDRAW) ShowWindow(window, wParam ? SW_SHOWNOACTIVATE : SW_HIDE);
+      return SendMessageW(window, message, wParam, lParam);
     };
-    const ImportPatch hide("SendMessageW", &HideWhileSuspended);
-    const ImportPatch note("RedrawWindow", &NoteRedraw);
+    const auto redraw = [&](HWND window, const RECT* rect, HRGN region, UINT flags) {
+      redrawn = rect || region ? 0 : flags;
+      return RedrawWindow(window, rect, region, flags);
+    };
+    const Replaced hide("SendMessageW", &SendMessageW, send);
+    const Replaced note("RedrawWindow", &RedrawWindow, redraw);
     view->SelectAll();
     EXPECT_EQ(IsWindowVisible(control) == 0, hides);
     EXPECT_EQ(redrawn, UINT{RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN});
   }
 }
 
-// The runtime's tree works out its bars at each change, unless it has none.
-class TreeBarsTest : public RedrawTest {
+// The runtime's tree computes its scroll bars at each change, unless it has none.
+class TreeBars : public Redraw {
  protected:
-  // 100 items, scrolled down, or as many as fit.
-  void OpenScrolled(bool fits = false) {
-    OpenEmpty(QVLS_EDITLABELS | QVLS_SHOWSELALWAYS);
+  // With more items than fit, and scrolled down.
+  void OpenScrolled() {
+    Open(QVLS_EDITLABELS | QVLS_SHOWSELALWAYS);
     items.clear();
-    for (int i = 0; i < (fits ? 10 : 100); ++i) items.push_back(Insert(TEXT("i")));
-    if (!fits) view->EnsureVisible(items[70]);
+    while (items.size() < 100) items.push_back(Insert(TEXT("i")));
+    view->EnsureVisible(items[70]);
     UpdateWindow(control);
-    Settle();
   }
 
-  bool HasNoScroll() const { return (GetWindowLongPtrW(control, GWL_STYLE) & TVS_NOSCROLL) != 0; }
+  LONG_PTR Style() const { return GetWindowLongPtrW(control, GWL_STYLE); }
   HWND Edit() const { return reinterpret_cast<HWND>(Ask(TVM_GETEDITCONTROL)); }
+  HWND BeginEdit() const { return reinterpret_cast<HWND>(Ask(TVM_EDITLABELW, 0, items[70])); }
 
-  // Marks all, doing something in the report of the tenth. Whether the bars were away by then.
-  bool TakesBars(const std::function<void()>& inside = [] {}) {
+  // Whether an operation over all items has taken the bars by its tenth report.
+  bool TakesBars(const Step& reaction = [] {}) {
     bool taken = false;
-    client.onItemSelectionChanged = [&](ItemHandle item) {
-      if (item != items[9]) return;
-      taken = HasNoScroll();
-      inside();
-    };
+    InReport(10, [&] {
+      taken = (Style() & TVS_NOSCROLL) != 0;
+      reaction();
+    });
     view->InvertSelection();
-    client.onItemSelectionChanged = nullptr;
     return taken;
   }
 };
 
-TEST_P(TreeBarsTest, TheBarsComeBackAsTheyWere) {
+INSTANTIATE_TEST_SUITE_P(Tree, TreeBars, ::testing::Values(0));
+
+TEST_P(TreeBars, BarsAndScrollPositionComeBackAsTheyWere) {
   OpenScrolled();
-  const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+  const LONG_PTR style = Style();
   EXPECT_TRUE(style & WS_VSCROLL);
   const LRESULT top = Ask(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE);
   int x = 0, y = 0, newX = 0, newY = 0;
@@ -248,32 +242,30 @@ TEST_P(TreeBarsTest, TheBarsComeBackAsTheyWere) {
   EXPECT_GT(y, 0);
   EXPECT_TRUE(TakesBars());
   view->GetScrollPosition(&newX, &newY);
-  EXPECT_EQ(GetWindowLongPtrW(control, GWL_STYLE), style);
+  EXPECT_EQ(Style(), style);
   EXPECT_EQ(Ask(TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE), top);
   EXPECT_TRUE(x == newX && y == newY);
-  HostSetsRedraw(false);
-  EXPECT_TRUE(TakesBars()) << "the host may suspend the drawing, which does not keep the bars away";
+  Ask(WM_SETREDRAW, FALSE);
+  EXPECT_TRUE(TakesBars()) << "also while the host suspends drawing";
 }
 
-TEST_P(TreeBarsTest, WhatMayNotBeTouchedIsNot) {
-  OpenScrolled(true);
+TEST_P(TreeBars, HostsStyleAndLabelEditStay) {
+  OpenWith(10);
   EXPECT_FALSE(TakesBars()) << "a tree without bars";
   OpenScrolled();
-  SetWindowLongPtrW(control, GWL_STYLE, GetWindowLongPtrW(control, GWL_STYLE) | TVS_NOSCROLL);
+  SetWindowLongPtrW(control, GWL_STYLE, Style() | TVS_NOSCROLL);
   EXPECT_TRUE(TakesBars());
-  EXPECT_TRUE(HasNoScroll()) << "the host's own";
+  EXPECT_TRUE(Style() & TVS_NOSCROLL);
 
   OpenScrolled();
-  const HWND edit = reinterpret_cast<HWND>(Ask(TVM_EDITLABELW, 0, items[70]));
+  HWND edit = BeginEdit();
   ASSERT_NE(edit, nullptr);
   EXPECT_FALSE(TakesBars());
   EXPECT_EQ(Edit(), edit);
-}
 
-TEST_P(TreeBarsTest, AnEditThatBeginsMeanwhileKeepsTheBarsUntilItEnds) {
+  // An edit that begins while the bars are away keeps them away until it ends.
   OpenScrolled();
-  EXPECT_TRUE(TakesBars([this] { Ask(TVM_EDITLABELW, 0, items[70]); }));
-  const HWND edit = Edit();
+  EXPECT_TRUE(TakesBars([&] { edit = BeginEdit(); }));
   ASSERT_NE(edit, nullptr);
   UpdateWindow(control);
   EXPECT_EQ(Edit(), edit);
@@ -281,12 +273,7 @@ TEST_P(TreeBarsTest, AnEditThatBeginsMeanwhileKeepsTheBarsUntilItEnds) {
   InvalidateRect(control, nullptr, TRUE);
   UpdateWindow(control);
   EXPECT_EQ(Edit(), nullptr);
-  EXPECT_FALSE(HasNoScroll());
+  EXPECT_FALSE(Style() & TVS_NOSCROLL);
 }
-
-INSTANTIATE_TEST_SUITE_P(Tree, TreeBarsTest, ::testing::Values(0));
-
-INSTANTIATE_TEST_SUITE_P(BothViews, RedrawTest, ::testing::Values(0, QVLS_LISTVIEW),
-                         [](const auto& tested) { return tested.param ? "List" : "Tree"; });
 
 }  // namespace

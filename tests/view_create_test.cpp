@@ -1,153 +1,88 @@
-// How the two windows of a view come into being, move and go away.
+// How the windows of a view are created, moved and destroyed; the list's columns and procedure.
+#include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/each_view.h"
-#include "support/import_patch.h"
+#include "support/replaced_call.h"
 #include "support/sent_messages.h"
 
 namespace {
 
 using Text = std::basic_string<WCHAR>;
 
-constexpr DWORD CHILD = 0x50000000;  // WS_CHILD and WS_VISIBLE
+constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
 
-// What the list's control is made with, whatever the flags are.
-constexpr DWORD LIST_STYLE = CHILD | LVS_REPORT | LVS_SHAREIMAGELISTS | LVS_NOSORTHEADER;
-constexpr DWORD LIST_OWN_STYLE = LVS_EX_SUBITEMIMAGES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
+// The list's control whatever the flags are.
+constexpr DWORD kListStyle = kChild | LVS_REPORT | LVS_SHAREIMAGELISTS | LVS_NOSORTHEADER;
+constexpr DWORD kListExtended = LVS_EX_SUBITEMIMAGES | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
 
-// One CreateWindowExW of the library.
-struct Creation {
-  DWORD exStyle;
-  Text names;  // of class and window
-  DWORD style;
-  std::string place;
-  HWND parent;
-  LONG_PTR id;
-  HINSTANCE instance;
-  LONG_PTR userDataOfParent;
-  HWND made;
-};
-
-std::vector<Creation> creations;
-std::vector<WNDCLASSW> classes;
-std::vector<HWND> destroyed;
-std::vector<std::string> moves;
-
-std::string Place(int x, int y, int width, int height) {
-  return std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(width) + "x" +
-         std::to_string(height);
-}
-
-HWND WINAPI NoteCreation(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD style, int x, int y,
-                         int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
-                         LPVOID parameter) {
-  EXPECT_EQ(parameter, nullptr);
-  const LONG_PTR userData = GetWindowLongPtrW(parent, GWLP_USERDATA);
-  const HWND made = CreateWindowExW(exStyle, className, title, style, x, y, width, height, parent,
-                                    menu, instance, parameter);
-  creations.push_back({exStyle, Text(className) + TEXT(": ") + title, style,
-                       Place(x, y, width, height), parent, reinterpret_cast<LONG_PTR>(menu),
-                       instance, userData, made});
-  return made;
-}
-
-ATOM WINAPI NoteClass(const WNDCLASSW* windowClass) {
-  classes.push_back(*windowClass);
-  return RegisterClassW(windowClass);
-}
-
-ATOM WINAPI RefuseClass(const WNDCLASSW*) { return 0; }
-
-BOOL WINAPI NoteDestroy(HWND window) {
-  destroyed.push_back(window);
-  return DestroyWindow(window);
-}
-
-BOOL WINAPI NoteMove(HWND window, int x, int y, int width, int height, BOOL repaint) {
-  moves.push_back(Place(x, y, width, height) + (repaint ? " repainted" : ""));
-  return MoveWindow(window, x, y, width, height, repaint);
-}
+// The arguments of CreateWindowExW.
+using Creation =
+    std::tuple<DWORD, Text, Text, DWORD, int, int, int, int, HWND, HMENU, HINSTANCE, LPVOID>;
 
 class ViewCreate : public EachView {
  protected:
-  void SetUp() override {
-    EachView::SetUp();
+  // Creates a view, and notes how its parent and its control are created.
+  void OpenNoted(std::uint32_t flags = 0, QVLTreeViewStyleExt* styleExt = nullptr) {
     creations.clear();
-    classes.clear();
-    destroyed.clear();
-    moves.clear();
+    const Replaced note("CreateWindowExW", &CreateWindowExW, [&](auto... arguments) {
+      creations.emplace_back(arguments...);
+      storedView = GetWindowLongPtrW(std::get<HWND>(creations.back()), GWLP_USERDATA);
+      return CreateWindowExW(arguments...);
+    });
+    control = view->Create(host, -7, 11, 12, 130, 140, GetParam() | flags, styleExt);
+    parent = GetParent(control);
+    ASSERT_EQ(creations.size(), 2u);
   }
 
-  // The styles of the last control. Its parent is the same whatever the flags are.
-  void ExpectStyles(DWORD exStyle, DWORD tree, DWORD list, DWORD listOwn) {
-    const Creation& outer = creations[creations.size() - 2];
-    EXPECT_EQ(outer.style, CHILD);
-    EXPECT_EQ(outer.exStyle, 0u);
-    EXPECT_EQ(creations.back().style, TreeOrList(tree, list));
-    EXPECT_EQ(creations.back().exStyle, WS_EX_CLIENTEDGE | exStyle);
-    EXPECT_TRUE(!IsList() || Ask(LVM_GETEXTENDEDLISTVIEWSTYLE) == LRESULT{listOwn});
+  void ExpectCreations(DWORD exStyle, DWORD tree, DWORD list, DWORD listExtended) {
+    const HINSTANCE library = std::get<HINSTANCE>(creations[0]);
+    const Text parentClass = TreeOrList(TEXT("QVLTreeViewParent"), TEXT("QVLListViewParent"));
+    const Text controlClass = TreeOrList(TEXT("SysTreeView32"), TEXT("SysListView32"));
+    const auto id = reinterpret_cast<HMENU>(INT_PTR{-7});
+    EXPECT_EQ(creations[0], Creation(0, parentClass, TEXT("QVL Tree View Parent"), kChild, 11, 12,
+                                     130, 140, host, nullptr, library, nullptr));
+    EXPECT_EQ(creations[1],
+              Creation(WS_EX_CLIENTEDGE | exStyle, controlClass, TEXT("QVL Tree View"),
+                       TreeOrList(tree, list), 0, 0, 130, 140, parent, id, library, nullptr));
+    EXPECT_TRUE(library && library != GetModuleHandleW(nullptr));
+    EXPECT_TRUE(!IsList() || Ask(LVM_GETEXTENDEDLISTVIEWSTYLE) == LRESULT{listExtended});
   }
 
-  ImportPatch noteCreation{"CreateWindowExW", &NoteCreation};
+  std::vector<Creation> creations;
+  LONG_PTR storedView = 0;  // in the parent before the control is created
 };
 
 INSTANTIATE_TEST_SUITE_P(Views, ViewCreate, EACH_VIEW, ViewName);
 
-TEST_P(ViewCreate, MakesTheParentThenTheControl) {
-  control = view->Create(host, -7, 11, 12, 130, 140, GetParam(), nullptr);
+TEST_P(ViewCreate, ParentsClassIsRegisteredEachTimeAndMayExist) {
+  int registrations = 0;
+  const Replaced note("RegisterClassW", &RegisterClassW, [&](const WNDCLASSW* made) -> ATOM {
+    EXPECT_EQ(std::tuple(made->style, made->hCursor, made->cbClsExtra, made->cbWndExtra),
+              std::tuple(CS_HREDRAW | CS_VREDRAW, LoadCursorW(nullptr, IDC_ARROW), 0, 0));
+    EXPECT_FALSE(made->hIcon || made->hbrBackground || made->lpszMenuName);
+    EXPECT_TRUE(creations.empty() || made->hInstance == std::get<HINSTANCE>(creations[0]));
+    return ++registrations == 1 ? RegisterClassW(made) : 0;
+  });
+  OpenNoted();
+  OpenNoted();
+  EXPECT_EQ(registrations, 2);
   EXPECT_EQ(view->GetControlWindow(), control);
-  ASSERT_EQ(creations.size(), 2u);
-  const Creation& outer = creations[0];
-  EXPECT_EQ(outer.names, TreeOrList(TEXT("QVLTreeViewParent: QVL Tree View Parent"),
-                                    TEXT("QVLListViewParent: QVL Tree View Parent")));
-  EXPECT_EQ(outer.place, "11,12 130x140");
-  EXPECT_EQ(outer.parent, host);
-  EXPECT_EQ(outer.id, 0);
-  const Creation& inner = creations[1];
-  EXPECT_EQ(inner.names,
-            TreeOrList(TEXT("SysTreeView32: QVL Tree View"), TEXT("SysListView32: QVL Tree View")));
-  EXPECT_EQ(inner.place, "0,0 130x140");
-  EXPECT_EQ(inner.parent, outer.made);
-  EXPECT_EQ(inner.id, -7);
-  EXPECT_EQ(inner.made, control);
-  EXPECT_NE(inner.userDataOfParent, 0) << "what the control sends while it is made is lost";
-  // A list's is the host's.
-  EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), TreeOrList(inner.userDataOfParent, LONG_PTR{0}));
-  EXPECT_EQ(inner.instance, outer.instance);
-  EXPECT_NE(inner.instance, nullptr);
-  EXPECT_NE(inner.instance, GetModuleHandleW(nullptr)) << "that is the program";
-}
-
-TEST_P(ViewCreate, RegistersTheParentsClassEachTimeAndLooksAtNoResult) {
-  {
-    const ImportPatch note("RegisterClassW", &NoteClass);
-    Open();
-    Open();
-  }
-  ASSERT_EQ(classes.size(), 2u);
-  for (const WNDCLASSW& made : classes) {
-    EXPECT_EQ(made.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
-    EXPECT_NE(made.lpfnWndProc, nullptr);
-    EXPECT_EQ(made.hInstance, creations[0].instance);
-    EXPECT_EQ(made.hCursor, LoadCursorW(nullptr, IDC_ARROW));
-    EXPECT_EQ(made.cbClsExtra + made.cbWndExtra, 0);
-    EXPECT_FALSE(made.hIcon || made.hbrBackground || made.lpszMenuName);
-    EXPECT_TRUE(creations[0].names.starts_with(made.lpszClassName));
-  }
-  const ImportPatch refuse("RegisterClassW", &RefuseClass);
-  Open();  // the class is there from the views before
+  EXPECT_NE(storedView, 0);
+  EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), IsList() ? 0 : storedView);
 }
 
 struct FlagRow {
   std::uint32_t flags;
   DWORD tree;
   DWORD list;
-  DWORD listOwn;
+  DWORD listExtended;
 };
 
 // Which bits each flag changes.
-constexpr FlagRow FLAGS[] = {
+constexpr FlagRow kFlags[] = {
     {0, 0, 0, 0},
     {QVLS_SHOWSELALWAYS, TVS_SHOWSELALWAYS, LVS_SHOWSELALWAYS, 0},
     {QVLS_BORDER, WS_BORDER, WS_BORDER, 0},
@@ -165,55 +100,54 @@ constexpr FlagRow FLAGS[] = {
     {0xFFFFC000, 0, 0, 0},
 };
 
-TEST_P(ViewCreate, EachFlagChangesItsStyle) {
+TEST_P(ViewCreate, FlagsAndStyleRecordChangeTheirStyles) {
   FlagRow all = {};
-  for (const FlagRow& row : FLAGS) {
+  const auto open = [this](const FlagRow& row) {
     SCOPED_TRACE(row.flags);
-    Open(row.flags);
-    ExpectStyles(0, CHILD ^ row.tree, LIST_STYLE ^ row.list, LIST_OWN_STYLE ^ row.listOwn);
-    EXPECT_EQ(view->GetMultiSelect(), !IsList() && row.flags != QVLS_SINGLESEL);
-    all.flags |= row.flags;
-    all.tree |= row.tree;
-    all.list |= row.list;
-    all.listOwn |= row.listOwn;
+    const SentMessages sent;
+    OpenNoted(row.flags);
+    ExpectCreations(0, kChild ^ row.tree, kListStyle ^ row.list, kListExtended ^ row.listExtended);
+    EXPECT_EQ(view->GetMultiSelect(), !IsList() && !(row.flags & QVLS_SINGLESEL));
+    if (!IsList()) return;
+    EXPECT_EQ(sent.Of(LVM_SETEXTENDEDLISTVIEWSTYLE).at(0).wParam, kListExtended ^ row.listExtended)
+        << "the other bits are the control's";
+  };
+  for (const FlagRow& row : kFlags) {
+    open(row);
+    all = {all.flags | row.flags, all.tree | row.tree, all.list | row.list,
+           all.listExtended | row.listExtended};
   }
-  const SentMessages sent;
-  Open(all.flags);
-  ExpectStyles(0, CHILD ^ all.tree, LIST_STYLE ^ all.list, LIST_OWN_STYLE ^ all.listOwn);
-  const auto styles = sent.Of(LVM_SETEXTENDEDLISTVIEWSTYLE);
-  ASSERT_EQ(styles.size(), TreeOrList(0u, 1u));
-  EXPECT_TRUE(!IsList() || styles[0].wParam == (LIST_OWN_STYLE ^ all.listOwn))
-      << "the rest is the control's";
-}
+  open(all);
 
-TEST_P(ViewCreate, TheStyleRecordAddsItsBits) {
-  constexpr std::uint32_t STYLES = LVS_EDITLABELS | LVS_SHOWSELALWAYS;  // a tree has such too
+  constexpr std::uint32_t kStyles =
+      LVS_EDITLABELS | LVS_SHOWSELALWAYS;  // a tree has these bits too
   QVLTreeViewStyleExt ext;
-  ext.SetStyle(STYLES);
+  ext.SetStyle(kStyles);
   ext.SetStyleEx(WS_EX_ACCEPTFILES);
   ext.SetStyleExCtrl(LVS_EX_INFOTIP);
-  Open(QVLS_HASLINES, &ext);
-  ExpectStyles(WS_EX_ACCEPTFILES, CHILD | TVS_HASLINES | STYLES, LIST_STYLE | STYLES,
-               LIST_OWN_STYLE | LVS_EX_GRIDLINES | LVS_EX_INFOTIP);
+  OpenNoted(QVLS_HASLINES, &ext);
+  ExpectCreations(WS_EX_ACCEPTFILES, kChild | TVS_HASLINES | kStyles, kListStyle | kStyles,
+                  kListExtended | LVS_EX_GRIDLINES | LVS_EX_INFOTIP);
 }
 
-TEST_P(ViewCreate, MoveFillsTheParentWithoutRepainting) {
+TEST_P(ViewCreate, MoveFillsTheParentWithoutRepaintingAndDestroyEndsTheControlFirst) {
   Open();
-  const ImportPatch note("MoveWindow", &NoteMove);
+  std::vector<std::vector<int>> moves;
+  std::vector<HWND> destroyed;
+  const Replaced move("MoveWindow", &MoveWindow, [&](HWND window, auto... place) {
+    moves.push_back({place...});
+    return MoveWindow(window, place...);
+  });
+  const Replaced destroy("DestroyWindow", &DestroyWindow, [&](HWND window) {
+    destroyed.push_back(window);
+    return DestroyWindow(window);
+  });
   EXPECT_TRUE(view->Move(-5, 20, 77, 88));
-  EXPECT_EQ(moves, (std::vector<std::string>{"-5,20 77x88", "0,0 77x88"}));
-}
-
-TEST_P(ViewCreate, DestroyEndsTheControlThenTheParent) {
-  Open();
-  view->SetMultiSelect(true);
-  const ImportPatch note("DestroyWindow", &NoteDestroy);
+  EXPECT_EQ(moves, (std::vector<std::vector<int>>{{-5, 20, 77, 88, FALSE}, {0, 0, 77, 88, FALSE}}));
   view->Destroy();
   view->Destroy();
-  EXPECT_EQ(destroyed, (std::vector<HWND>{control, parent}));
+  EXPECT_EQ(destroyed, (std::vector{control, parent}));
   EXPECT_FALSE(IsWindow(parent));
-  EXPECT_EQ(view->GetControlWindow(), nullptr);
-  EXPECT_FALSE(view->GetMultiSelect());
 }
 
 TEST_P(ViewCreate, ViewsAreIndependent) {
@@ -227,7 +161,120 @@ TEST_P(ViewCreate, ViewsAreIndependent) {
   ReleaseIQVLTreeView(other);
   view->SetItemSelected(Insert(TEXT("a")), true);
   EXPECT_EQ(Heard(), "B a E");
-  EXPECT_EQ(view->GetSelectedCount(), 1) << "messages still find the native procedure";
+  EXPECT_EQ(view->GetSelectedCount(), 1) << "messages still reach the native procedure";
+}
+
+class ListCreate : public EachView {
+ protected:
+  std::string Columns() const {
+    const auto header = reinterpret_cast<HWND>(Ask(LVM_GETHEADER));
+    const auto count = static_cast<WPARAM>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+    std::string widths;
+    for (WPARAM i = 0; i < count; ++i) widths += std::to_string(Ask(LVM_GETCOLUMNWIDTH, i)) + " ";
+    return widths;
+  }
+
+  // One column as wide as the control.
+  std::string WholeWidth() const { return std::to_string(ClientRect().right) + " "; }
+};
+
+INSTANTIATE_TEST_SUITE_P(Views, ListCreate, ::testing::Values(QVLS_LISTVIEW), ViewName);
+
+TEST_P(ListCreate, ColumnThatTheClientDoesNotMakeFollowsTheControl) {
+  SentMessages sent;
+  for (const bool withClient : {false, true}) {
+    sent.Forget();
+    view->SetClient(withClient ? &client : nullptr);
+    client.onCreateColumns = [](HWND, RECT* rect) { return *rect = {0, 0, 5, 5}, false; };
+    control = view->Create(host, CONTROL_ID, 0, 0, 200, 100, QVLS_LISTVIEW, nullptr);
+    const RECT rect = ClientRect();
+    const std::string size = std::to_string(rect.right) + "x" + std::to_string(rect.bottom);
+    EXPECT_EQ(Heard(), withClient ? "CreateColumns " + size : "");
+    const SentMessage column = sent.Of(LVM_INSERTCOLUMNW).at(0);
+    EXPECT_EQ(std::tuple(column.wParam, column.column.mask, column.column.fmt),
+              std::tuple(1, 11, 0));
+    EXPECT_EQ(column.column.iSubItem, 0);
+    EXPECT_EQ(Columns(), WholeWidth());
+  }
+  EXPECT_TRUE(view->Move(5, 6, 150, 120));
+  EXPECT_EQ(Columns(), WholeWidth());
+  const int widthWithoutBar = ClientRect().right;
+  EXPECT_LT(widthWithoutBar, 150);
+  for (int i = 0; i < 50; ++i) Insert(TEXT("row"));
+  EXPECT_TRUE(view->Move(5, 6, 150, 120));
+  EXPECT_LT(ClientRect().right, widthWithoutBar);
+  EXPECT_EQ(Columns(), WholeWidth());
+
+  const Replaced giant("GetClientRect", &GetClientRect, [](HWND, RECT* rect) {
+    return *rect = {0x10, 0, 0x12355, 100}, TRUE;
+  });
+  sent.Forget();
+  view->Move(0, 0, 10, 10);
+  const SentMessage width = sent.Of(LVM_SETCOLUMNWIDTH).at(0);
+  EXPECT_EQ(width.wParam, 0u);
+  EXPECT_EQ(width.lParam, 0x2345) << "the message has 16 bits";
+}
+
+TEST_P(ListCreate, ColumnsOfTheClientStayAsTheyAre) {
+  client.onCreateColumns = [](HWND list, RECT*) {
+    LVCOLUMNW column = {};
+    column.mask = LVCF_WIDTH;
+    for (column.cx = 90; column.cx > 0; column.cx -= 50) {
+      SendMessageW(list, LVM_INSERTCOLUMNW, 9, reinterpret_cast<LPARAM>(&column));
+    }
+    return true;
+  };
+  Open();
+  EXPECT_TRUE(view->Move(0, 0, 150, 120));
+  EXPECT_EQ(Columns(), "90 40 ");
+
+  // A second Create without a client does not keep the first one's answer.
+  view->SetClient(nullptr);
+  control = view->Create(host, CONTROL_ID, 0, 0, 200, 100, QVLS_LISTVIEW, nullptr);
+  view->SetClient(&client);
+  EXPECT_EQ(Heard(), "");
+  view->Move(0, 0, 120, 100);
+  EXPECT_EQ(Columns(), WholeWidth());
+}
+
+// A procedure that other code of the host puts on the control before the library can.
+WNDPROC formerProc = nullptr;
+int otherMessages = 0;
+LRESULT CALLBACK OtherProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  ++otherMessages;
+  return CallWindowProcW(formerProc, window, message, wParam, lParam);
+}
+
+// The library replaces the class procedure alone; without that, drawing is not suspended.
+TEST_P(ListCreate, ProcedureOfOthersStaysAndGetsEveryMessage) {
+  const auto redrawRequests = [this] {
+    for (int i = 0; i < 20; ++i) Insert(TEXT("row"));
+    const SentMessages sent;
+    view->SelectAll();
+    EXPECT_EQ(view->GetSelectedCount(), 20);
+    return sent.Of(WM_SETREDRAW).size();
+  };
+  {
+    const Replaced create("CreateWindowExW", &CreateWindowExW, [](auto... arguments) {
+      const HWND made = CreateWindowExW(arguments...);
+      if (std::get<1>(std::tuple(arguments...)) != Text(WC_LISTVIEWW)) return made;
+      const LONG_PTR former =
+          SetWindowLongPtrW(made, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&OtherProc));
+      formerProc = reinterpret_cast<WNDPROC>(former);
+      return made;
+    });
+    Open();
+  }
+  otherMessages = 0;
+  EXPECT_EQ(redrawRequests(), 0u);
+  EXPECT_GE(otherMessages, 40);
+  {
+    const Replaced ansi("IsWindowUnicode", &IsWindowUnicode, [](HWND) { return FALSE; });
+    Open();
+  }
+  EXPECT_EQ(redrawRequests(), 0u) << "the procedure cannot be called directly";
+  Open();
+  EXPECT_EQ(redrawRequests(), 2u);
 }
 
 }  // namespace

@@ -1,49 +1,45 @@
-// What both views do alike with the items that are there, and with the control that shows them.
+// What both views do alike with their items and their control.
 #include <string>
 
 #include "support/each_view.h"
+#include "support/replaced_call.h"
 #include "support/sent_messages.h"
 
 namespace {
 
-class ViewItems : public EachView {
- protected:
-  std::string Boxes(const ItemHandleList& items) const {
-    std::string boxes;
-    for (const ItemHandle item : items) boxes += std::to_string(BoxOf(item));
-    return boxes;
-  }
-};
+class ViewItems : public EachView {};
 
 INSTANTIATE_TEST_SUITE_P(Views, ViewItems, EACH_VIEW, ViewName);
 
-TEST_P(ViewItems, AHandleOfNoItemTouchesNothing) {
+TEST_P(ViewItems, HandleOfNoItemChangesNothing) {
   OpenWithItems(QVLS_CHECKBOXES);
   QVLTreeViewItem record;
   record.SetItemName(TEXT("changed"));
   record.SetSelected(true);
   ItemHandleList handles = {-1};
   if (IsList()) {
-    // Their low halves look like a row, or like all of them. A tree asks its control about these.
+    // Their low halves look like a row, or like all of them. A tree's control checks these itself.
     handles.insert(handles.end(), {0x100000000, 0x100000001, 0xFFFFFFFF, -0x100000000});
     handles.push_back(0x7FFFFFFF00000000);
   }
   for (const ItemHandle handle : handles) {
     SCOPED_TRACE(handle);
     const SentMessages sent;
-    EXPECT_FALSE(view->UpdateItem(&record, handle) || view->DeleteItem(handle));
-    EXPECT_EQ(view->GetParentItem(handle), -1);
-    EXPECT_EQ(view->GetFirstChildItem(handle), -1);
-    EXPECT_EQ(view->GetNextSiblingItem(handle), -1);
-    EXPECT_FALSE(view->IsItemExpanded(handle));
-    for (const bool on : {true, false}) {
-      view->SetItemSelected(handle, on);
-      view->SetItemChecked(handle, on);
+    using V = IQVLTreeView;
+    EXPECT_FALSE(view->UpdateItem(&record, handle));
+    for (const auto next : {&V::GetParentItem, &V::GetFirstChildItem, &V::GetNextSiblingItem}) {
+      EXPECT_EQ((view->*next)(handle), -1);
     }
-    EXPECT_FALSE(view->IsItemSelected(handle) || view->IsItemChecked(handle));
+    for (const auto set : {&V::SetItemSelected, &V::SetItemChecked}) {
+      for (const bool on : {true, false}) (view->*set)(handle, on);
+    }
+    for (const auto is :
+         {&V::DeleteItem, &V::IsItemExpanded, &V::IsItemSelected, &V::IsItemChecked}) {
+      EXPECT_FALSE((view->*is)(handle));
+    }
     EXPECT_EQ(view->GetItemClientPtr(handle), 0);
-    EXPECT_TRUE(IsList() || view->GetItemClientPtr(0) == 0) << "the control does without an item 0";
-    EXPECT_EQ(sent.all.size(), sent.Of(LVM_GETITEMW).size()) << "a list's row may be asked for";
+    EXPECT_TRUE(IsList() || view->GetItemClientPtr(0) == 0) << "the control has no item 0";
+    EXPECT_EQ(sent.all.size(), sent.Of(LVM_GETITEMW).size()) << "a list may ask for the row";
     if (IsList()) view->EnsureVisible(handle);
   }
   EXPECT_EQ(Heard(), "");
@@ -52,9 +48,10 @@ TEST_P(ViewItems, AHandleOfNoItemTouchesNothing) {
   EXPECT_EQ(TextOf(a), TEXT("a"));
 }
 
-TEST_P(ViewItems, TheToolTipTakesWidthAndDelay) {
+TEST_P(ViewItems, ToolTipTakesWidthAndDelay) {
   Open(QVLS_INFOTIP);
-  const auto tip = reinterpret_cast<HWND>(Ask(TreeOrList(TVM_GETTOOLTIPS, LVM_GETTOOLTIPS)));
+  const UINT getTip = TreeOrList(TVM_GETTOOLTIPS, LVM_GETTOOLTIPS);
+  const auto tip = reinterpret_cast<HWND>(Ask(getTip));
   ASSERT_NE(tip, nullptr);
   view->SetToolTipWidth(70000);
   EXPECT_EQ(SendMessageW(tip, TTM_GETMAXTIPWIDTH, 0, 0), 70000);
@@ -62,26 +59,23 @@ TEST_P(ViewItems, TheToolTipTakesWidthAndDelay) {
   EXPECT_EQ(SendMessageW(tip, TTM_GETDELAYTIME, TTDT_INITIAL, 0), 1234);
   SentMessages sent;
   view->SetToolTipDelay(0x123456);
-  EXPECT_EQ(sent.all.back().wParam, static_cast<WPARAM>(TTDT_INITIAL));
+  EXPECT_EQ(sent.all.back().wParam, WPARAM{TTDT_INITIAL});
   EXPECT_EQ(sent.all.back().lParam, 0x3456);
   sent.Forget();
-  sent.answers[TreeOrList(TVM_GETTOOLTIPS, LVM_GETTOOLTIPS)] = 0;
+  sent.answers[getTip] = 0;
   view->SetToolTipWidth(1);
   view->SetToolTipDelay(1);
-  EXPECT_EQ(sent.all.size(), 2u) << "a control without a tip is only asked";
+  EXPECT_EQ(sent.all.size(), 2u) << "a control without a tool tip";
 }
 
-TEST_P(ViewItems, ColoursGoToTheControl) {
-  Open();
-  EXPECT_TRUE(view->SetBkColor(RGB(1, 2, 3)) && view->SetTextColor(RGB(4, 5, 6)));
-  const auto colour = [this](UINT message) { return static_cast<COLORREF>(Ask(message)); };
-  EXPECT_EQ(colour(TreeOrList(TVM_GETBKCOLOR, LVM_GETBKCOLOR)), RGB(1, 2, 3));
-  EXPECT_EQ(colour(TreeOrList(TVM_GETBKCOLOR, LVM_GETTEXTBKCOLOR)), RGB(1, 2, 3));
-  EXPECT_EQ(colour(TreeOrList(TVM_GETTEXTCOLOR, LVM_GETTEXTCOLOR)), RGB(4, 5, 6));
-}
-
-TEST_P(ViewItems, ImageListsGoToTheControlAndStayTheHosts) {
+TEST_P(ViewItems, ColorsAndImageListsGoToTheControlAndListsStayTheHosts) {
   Open(QVLS_CHECKBOXES);
+  EXPECT_TRUE(view->SetBkColor(RGB(1, 2, 3)) && view->SetTextColor(RGB(4, 5, 6)));
+  const auto color = [this](UINT message) { return static_cast<COLORREF>(Ask(message)); };
+  EXPECT_EQ(color(TreeOrList(TVM_GETBKCOLOR, LVM_GETBKCOLOR)), RGB(1, 2, 3));
+  EXPECT_EQ(color(TreeOrList(TVM_GETBKCOLOR, LVM_GETTEXTBKCOLOR)), RGB(1, 2, 3));
+  EXPECT_EQ(color(TreeOrList(TVM_GETTEXTCOLOR, LVM_GETTEXTCOLOR)), RGB(4, 5, 6));
+
   const auto shown = [this](WPARAM kind) {
     const LRESULT list = Ask(TreeOrList(TVM_GETIMAGELIST, LVM_GETIMAGELIST), kind);
     return reinterpret_cast<HIMAGELIST>(list);
@@ -89,20 +83,24 @@ TEST_P(ViewItems, ImageListsGoToTheControlAndStayTheHosts) {
   EXPECT_EQ(ImageList_GetImageCount(shown(TVSIL_STATE)), TreeOrList(3, 2)) << "its own boxes";
   const HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR32, 4, 1);
   for (const HIMAGELIST list : {HIMAGELIST{nullptr}, images}) {
-    EXPECT_TRUE(view->SetImageList(list));
+    EXPECT_TRUE(view->SetImageList(list) && view->SetStateImageList(list));
     EXPECT_EQ(shown(TreeOrList(TVSIL_NORMAL, LVSIL_SMALL)), list);
-    EXPECT_TRUE(view->SetStateImageList(list));
     EXPECT_EQ(shown(TreeOrList(TVSIL_STATE, LVSIL_STATE)), list);
   }
   view->Destroy();
-  EXPECT_TRUE(ImageList_Destroy(images)) << "the view took it along";
+  EXPECT_TRUE(ImageList_Destroy(images)) << "the view has destroyed it";
 }
 
-TEST_P(ViewItems, AnyBoxButTheEmptyOneIsCheckedAndTheTickedOneCounts) {
+TEST_P(ViewItems, EveryStateImageButTheEmptyBoxIsCheckedAndTheCheckedBoxCounts) {
   for (const std::uint32_t flags : {0u, QVLS_CHECKBOXES}) {
     OpenWithItems(flags);
     const ItemHandleList items = {a, b, c, Insert(TEXT("d")), Insert(TEXT("e"))};
-    for (const std::size_t place : {0, 1, 2, 3}) SetBox(items[place], static_cast<UINT>(place));
+    const auto boxes = [&] {
+      std::string images;
+      for (const ItemHandle item : items) images += std::to_string(BoxOf(item));
+      return images;
+    };
+    for (const std::size_t i : {0, 1, 2, 3}) SetBox(items[i], static_cast<UINT>(i));
     SetBox(items[4], 2);
     client.Take();
     EXPECT_EQ(view->GetCheckedCount(), 2);
@@ -112,33 +110,19 @@ TEST_P(ViewItems, AnyBoxButTheEmptyOneIsCheckedAndTheTickedOneCounts) {
     EXPECT_EQ(view->GetCheckedItem(2), -1);
     for (const ItemHandle item : items) EXPECT_EQ(view->IsItemChecked(item), item != items[1]);
     view->CheckAll();
-    EXPECT_EQ(Boxes(items), "02232");
+    EXPECT_EQ(boxes(), "02232");
     view->UncheckAll();
-    EXPECT_EQ(Boxes(items), "01131");
-    for (const ItemHandle item : items) {
-      view->SetItemChecked(item, true);
-      EXPECT_EQ(BoxOf(item), 2u);
-      view->SetItemChecked(item, false);
-      EXPECT_EQ(BoxOf(item), 1u);
+    EXPECT_EQ(boxes(), "01131");
+    for (const bool checked : {true, false}) {
+      for (const ItemHandle item : items) view->SetItemChecked(item, checked);
+      EXPECT_EQ(boxes(), checked ? "22222" : "11111");
     }
-    EXPECT_EQ(Heard().empty(), !IsList()) << "a tree tells nobody";
+    EXPECT_EQ(Heard().empty(), !IsList()) << "a tree does not report check boxes";
   }
-}
-
-// Answers a hit test as a control might: both controls' records begin with point and flags.
-UINT answeredFlags;
-LRESULT answeredItem;
-LRESULT WINAPI AnswerHit(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != TVM_HITTEST && message != LVM_HITTEST) {
-    return SendMessageW(window, message, wParam, lParam);
-  }
-  reinterpret_cast<TVHITTESTINFO*>(lParam)->flags = answeredFlags;
-  return answeredItem;
 }
 
 TEST_P(ViewItems, EachNativeHitFlagHasItsOwn) {
   OpenWithItems();
-  const ImportPatch patch("SendMessageW", &AnswerHit);
   struct {
     UINT native;
     std::uint32_t tree;
@@ -160,32 +144,36 @@ TEST_P(ViewItems, EachNativeHitFlagHasItsOwn) {
       {~0xFFFU, 0, 0},
       {0x80, 0, 0},
   };
-  answeredItem = b;
   const POINT point = {};
   for (const auto& row : cases) {
-    answeredFlags = row.native;
+    // Both controls' records begin with point and flags.
+    const auto answer = [&](HWND to, UINT message, WPARAM wParam, LPARAM lParam) {
+      if (message != TVM_HITTEST && message != LVM_HITTEST) {
+        return SendMessageW(to, message, wParam, lParam);
+      }
+      reinterpret_cast<TVHITTESTINFO*>(lParam)->flags = row.native;
+      return LRESULT{b};
+    };
+    const Replaced patch("SendMessageW", &SendMessageW, answer);
     std::uint32_t flags = 0xFFFF;
     EXPECT_EQ(view->HitTest(&point, false, &flags), b);
     EXPECT_EQ(flags, TreeOrList(row.tree, row.list)) << row.native;
   }
 }
 
-RECT invalidated;
-BOOL WINAPI NoteInvalidation(HWND, const RECT* rect, BOOL erase) {
-  invalidated = rect ? *rect : RECT{-1, -1, -1, erase};
-  return TRUE;
-}
-
-TEST_P(ViewItems, ShowHideAndRedrawActOnTheControlAlone) {
+TEST_P(ViewItems, ShowHideAndRedrawConcernTheControlAlone) {
   Open();
   view->Hide();
   EXPECT_FALSE(IsWindowVisible(control));
   EXPECT_TRUE(IsWindowVisible(parent));
   view->Show();
   EXPECT_TRUE(IsWindowVisible(control));
-  const ImportPatch patch("InvalidateRect", &NoteInvalidation);
+  int whole = 0;
+  const Replaced note("InvalidateRect", &InvalidateRect, [&](HWND, const RECT* rect, BOOL erase) {
+    return whole += !rect && erase, TRUE;
+  });
   view->Redraw();
-  EXPECT_TRUE(invalidated.left == -1 && invalidated.bottom == TRUE);
+  EXPECT_EQ(whole, 1);
 }
 
 }  // namespace

@@ -1,30 +1,26 @@
-// What the control and the mouse report to the view's window, and what of it the client hears.
+// Notifications of the control and messages of the mouse, and the callbacks that they cause.
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/each_view.h"
-#include "support/import_patch.h"
+#include "support/replaced_call.h"
 
 namespace {
 
-// Where the last message was.
-DWORD messagePosition;
-DWORD WINAPI AnswerMessagePosition() { return messagePosition; }
+using Text = std::basic_string<WCHAR>;
 
-DWORD Packed(POINT point) { return static_cast<DWORD>(MAKELPARAM(point.x, point.y)); }
+// Different from every answer of the view.
+constexpr LRESULT kDefaultAnswer = 55;
 
-// The answer of default handling, told from every answer of the view.
-constexpr LRESULT DEFAULT_ANSWER = 55;
-LRESULT WINAPI AnswerByDefault(HWND, UINT, WPARAM, LPARAM) { return DEFAULT_ANSWER; }
-
-// A report about item b. Of some it does not matter which child sends them.
-struct Report {
+// A notification about item b. Some count whatever child sends them.
+struct Notification {
   UINT code;
   bool anyChild;
-  const char* heard;
+  const char* callbacks;
 };
 
-const std::vector<Report> OF_TREE = {
+const std::vector<Notification> kOfTree = {
     {TVN_GETINFOTIPW, false, "InfoTip b 0x0000"},
     {TVN_BEGINDRAGW, false, "B b E BeginDrag b"},
     {TVN_SELCHANGEDW, false, "b"},
@@ -36,7 +32,7 @@ const std::vector<Report> OF_TREE = {
     {TVN_ENDLABELEDITW, true, "EditEnds"},
 };
 
-const std::vector<Report> OF_LIST = {
+const std::vector<Notification> kOfList = {
     {LVN_GETINFOTIPW, false, "InfoTip b 0x0000"},
     {LVN_BEGINDRAG, false, "B b E BeginDrag b"},
     {LVN_COLUMNCLICK, true, "ColumnClick 3"},
@@ -48,23 +44,12 @@ const std::vector<Report> OF_LIST = {
 
 class ViewNotify : public EachView {
  protected:
-  const std::vector<Report>& Reports() const { return IsList() ? OF_LIST : OF_TREE; }
+  const std::vector<Notification>& Notifications() const { return IsList() ? kOfList : kOfTree; }
 
-  // Opens the label and, unless that is refused, types and presses Return.
-  bool EditLabel(ItemHandle item, const WCHAR* typed) const {
-    const LPARAM named = item;
-    const LRESULT opened = IsList() ? Ask(LVM_EDITLABELW, item) : Ask(TVM_EDITLABELW, 0, named);
-    const auto edit = reinterpret_cast<HWND>(opened);
-    if (!edit) return false;
-    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(typed));
-    SendMessageW(edit, WM_KEYDOWN, VK_RETURN, 1);
-    PumpMessages();
-    return true;
-  }
-
-  // What the client hears of a context request there.
-  std::string ContextMenu(POINT point, const char* hit) const {
-    return "ContextMenu " + std::to_string(point.x) + "," + std::to_string(point.y) + " " + hit;
+  // The callback of a context request at a point of the control.
+  std::string ContextMenu(POINT point, const std::string& hit) const {
+    const POINT screen = ToScreen(point);
+    return "ContextMenu " + std::to_string(screen.x) + "," + std::to_string(screen.y) + " " + hit;
   }
 
   const char* const onLabel = TreeOrList(" 0x0088", " 0x0080");
@@ -72,105 +57,114 @@ class ViewNotify : public EachView {
 
 INSTANTIATE_TEST_SUITE_P(Views, ViewNotify, EACH_VIEW, ViewName);
 
-TEST_P(ViewNotify, TheSendersIdDecidesWhatIsHeard) {
-  messagePosition = 0;
-  const ImportPatch patch("GetMessagePos", &AnswerMessagePosition);
+TEST_P(ViewNotify, CallbacksDependOnTheSendersId) {
+  const Replaced position("GetMessagePos", &GetMessagePos, [] { return 0; });
   for (const int ownId : {CONTROL_ID, -7}) {
     OpenWithItems(0, nullptr, ownId);
-    for (const Report& report : Reports()) {
+    for (const Notification& each : Notifications()) {
       for (const INT_PTR id : {INT_PTR{ownId}, INT_PTR{0x100000000} + ownId, INT_PTR{7}}) {
         view->ClearSelection();
         client.Take();
-        NotifyOf(b, report.code, id);
-        EXPECT_EQ(Heard(), report.anyChild || id == ownId ? report.heard : "") << report.code;
+        NotifyOf(b, each.code, id);
+        EXPECT_EQ(Heard(), each.anyChild || id == ownId ? each.callbacks : "") << each.code;
       }
     }
   }
 }
 
-TEST_P(ViewNotify, EverythingButALabelEditEndsInDefaultHandling) {
+TEST_P(ViewNotify, AllButLabelEditsEndInDefaultHandling) {
   OpenWithItems();
-  const ImportPatch patch("DefWindowProcW", &AnswerByDefault);
-  for (const bool listening : {false, true}) {
-    view->SetClient(listening ? &client : nullptr);
-    for (const Report& report : Reports()) {
-      const bool isEdit = std::string(report.heard).starts_with("Edit");
-      for (const bool answer : {true, false}) {
-        client.onLabelEdit = [=](NMHDR*, std::uint32_t) { return answer; };
-        EXPECT_EQ(NotifyOf(b, report.code), isEdit && listening ? answer : DEFAULT_ANSWER);
+  const Replaced answer("DefWindowProcW", &DefWindowProcW, [](auto...) { return kDefaultAnswer; });
+  for (const bool withClient : {false, true}) {
+    view->SetClient(withClient ? &client : nullptr);
+    for (const Notification& each : Notifications()) {
+      const bool isEdit = std::string(each.callbacks).starts_with("Edit");
+      for (const bool accepts : {true, false}) {
+        client.onLabelEdit = [=](auto...) { return accepts; };
+        EXPECT_EQ(NotifyOf(b, each.code), isEdit && withClient ? accepts : kDefaultAnswer);
       }
     }
-    EXPECT_EQ(Heard().empty(), !listening);
-    EXPECT_TRUE(listening || Selected().empty()) << "a drag of nobody's";
+    EXPECT_EQ(Heard().empty(), !withClient);
+    EXPECT_TRUE(withClient || Selected().empty()) << "a drag without a client selects nothing";
     for (const UINT message :
          {WM_CONTEXTMENU, WM_DRAWITEM, WM_MEASUREITEM, WM_INITMENUPOPUP, WM_MENUCHAR, WM_SIZE}) {
-      EXPECT_EQ(SendMessageW(parent, message, 0, 0), DEFAULT_ANSWER) << message;
+      EXPECT_EQ(SendMessageW(parent, message, 0, 0), kDefaultAnswer) << message;
     }
-    EXPECT_EQ(Heard(), listening ? "ContextMenu 0,0 -1 0x0000" : "");
+    EXPECT_EQ(Heard(), withClient ? "ContextMenu 0,0 -1 0x0000" : "");
   }
-
-  // A window that no view is stored in yet.
+  // A window in which no view is stored yet.
   const LONG_PTR stored = SetWindowLongPtrW(parent, GWLP_USERDATA, 0);
-  for (const Report& report : Reports()) EXPECT_EQ(NotifyOf(b, report.code), DEFAULT_ANSWER);
+  for (const Notification& each : Notifications()) {
+    EXPECT_EQ(NotifyOf(b, each.code), kDefaultAnswer);
+  }
   EXPECT_EQ(Heard(), "");
   SetWindowLongPtrW(parent, GWLP_USERDATA, stored);
 }
 
-TEST_P(ViewNotify, TheTipIsTheClientsOwnMemory) {
+TEST_P(ViewNotify, ToolTipIsTheClientsPointerAndLength) {
   WCHAR own[] = TEXT("own");
   WCHAR buffer[] = TEXT("buffer");
   OpenWithItems(QVLS_INFOTIP);
-  const ImportPatch patch("GetMessagePos", &AnswerMessagePosition);
-  struct Tip {
-    WCHAR* text;
-    int length;
-    bool answer;
-  };
+  POINT mouse = {};
+  const Replaced position("GetMessagePos", &GetMessagePos,
+                          [&] { return static_cast<DWORD>(MAKELPARAM(mouse.x, mouse.y)); });
+  using Tip = std::tuple<WCHAR*, int, bool>;
   for (const Tip& tip : {Tip{own, 3, true}, {own, 0, true}, {nullptr, 0, true}, {own, 3, false}}) {
+    bool accepted = false;
     client.onGetInfoTip = [&](ItemHandle, WCHAR** text, int* length) {
-      *text = tip.text;
-      *length = tip.length;
-      return tip.answer;
+      return std::tie(*text, *length, accepted) = tip, accepted;
+    };
+    const auto expectTip = [&](auto& record, UINT code) {
+      record.pszText = buffer;
+      record.cchTextMax = 7;
+      mouse = LabelOnScreen(c);
+      Notify(record.hdr, code);
+      // The item is the notification's, the flags are those of the mouse.
+      EXPECT_EQ(Heard(), std::string("InfoTip b") + onLabel);
+      EXPECT_EQ(record.pszText, accepted ? std::get<0>(tip) : buffer);
+      EXPECT_EQ(record.cchTextMax, accepted ? std::get<1>(tip) : 7);
+      mouse = {-5, -9};
+      NotifyOf(-1, code);
+      EXPECT_EQ(Heard(), "InfoTip -1 0x0000");
     };
     NMTVGETINFOTIPW branch = {};
-    branch.pszText = buffer;
-    branch.cchTextMax = 7;
     branch.hItem = Native(b);
     NMLVGETINFOTIPW row = {};
-    row.pszText = buffer;
-    row.cchTextMax = 7;
     row.iItem = static_cast<int>(b);
-    messagePosition = Packed(LabelOnScreen(c));
-    IsList() ? Notify(row.hdr, LVN_GETINFOTIPW) : Notify(branch.hdr, TVN_GETINFOTIPW);
-    // The item is the notification's, the flags are those of the mouse.
-    EXPECT_EQ(Heard(), std::string("InfoTip b") + onLabel);
-    EXPECT_EQ(TreeOrList(branch.pszText, row.pszText), tip.answer ? tip.text : buffer);
-    EXPECT_EQ(TreeOrList(branch.cchTextMax, row.cchTextMax), tip.answer ? tip.length : 7);
-    messagePosition = Packed({-5, -9});
-    NotifyOf(-1, TreeOrList(TVN_GETINFOTIPW, LVN_GETINFOTIPW));
-    EXPECT_EQ(Heard(), "InfoTip -1 0x0000");
+    IsList() ? expectTip(row, LVN_GETINFOTIPW) : expectTip(branch, TVN_GETINFOTIPW);
   }
-  EXPECT_EQ(buffer, std::basic_string<WCHAR>(TEXT("buffer")));
+  EXPECT_EQ(buffer, Text(TEXT("buffer")));
   EXPECT_EQ(Selected(), "");
 }
 
-TEST_P(ViewNotify, ALabelEditAsksTheClientAtBothEnds) {
+TEST_P(ViewNotify, LabelEditAsksTheClientAtBothEnds) {
   QVLTreeViewStyleExt editable;
   editable.SetStyle(TreeOrList(0u, std::uint32_t{LVS_EDITLABELS}));
   OpenWithItems(QVLS_EDITLABELS, &editable);
-  // A list's edit of a row without these brings them along.
+  // Otherwise an edit of a row selects it.
   if (IsList()) SetState(b, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
+  // Opens the label and, unless that is refused, types and presses Return.
+  const auto edit = [this](const WCHAR* typed) {
+    const LRESULT opened = IsList() ? Ask(LVM_EDITLABELW, b) : Ask(TVM_EDITLABELW, 0, b);
+    if (!opened) return false;
+    SendMessageW(reinterpret_cast<HWND>(opened), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(typed));
+    SendMessageW(reinterpret_cast<HWND>(opened), WM_KEYDOWN, VK_RETURN, 1);
+    PumpMessages();
+    return true;
+  };
   struct {
     bool refuse;
     bool accept;
     const WCHAR* textAfter;
-    const char* heard;
+    const char* callbacks;
   } const cases[] = {
       {true, true, TEXT("b"), "EditBegins"},
       {false, false, TEXT("b"), "EditBegins EditEnds"},
       {false, true, TEXT("new"), TreeOrList("EditBegins EditEnds", "EditBegins EditEnds B b E")},
   };
   for (const auto& row : cases) {
+    SetFocus(control);
+    client.Take();
     client.onLabelEdit = [&](NMHDR* header, std::uint32_t code) {
       const auto branch = reinterpret_cast<NMTVDISPINFOW*>(header)->item.hItem;
       const auto edited = reinterpret_cast<NMLVDISPINFOW*>(header)->item.iItem;
@@ -178,48 +172,44 @@ TEST_P(ViewNotify, ALabelEditAsksTheClientAtBothEnds) {
       const bool begins = code == TreeOrList(TVN_BEGINLABELEDITW, LVN_BEGINLABELEDITW);
       return begins ? row.refuse : row.accept;
     };
-    SetFocus(control);
-    client.Take();
-    EXPECT_EQ(EditLabel(b, TEXT("new")), !row.refuse);
-    EXPECT_EQ(Heard(), row.heard);
+    EXPECT_EQ(edit(TEXT("new")), !row.refuse);
+    EXPECT_EQ(Heard(), row.callbacks);
     EXPECT_EQ(TextOf(b), row.textAfter);
   }
   view->SetClient(nullptr);
-  EXPECT_TRUE(EditLabel(b, TEXT("newer"))) << "without a client it starts";
-  EXPECT_EQ(TextOf(b), TEXT("new")) << "and takes nothing";
+  EXPECT_TRUE(edit(TEXT("newer"))) << "without a client the edit begins";
+  EXPECT_EQ(TextOf(b), TEXT("new")) << "and keeps the old text";
 }
 
-TEST_P(ViewNotify, AContextRequestSelectsWhatItIsFor) {
+TEST_P(ViewNotify, ContextRequestSelectsItsItem) {
   OpenWithItems();
   view->SetItemSelected(a, true);
   view->SetItemSelected(b, true);
   client.Take();
   RequestMenu(LabelPoint(b));
-  EXPECT_EQ(Heard(), ContextMenu(LabelOnScreen(b), "b") + onLabel);
+  EXPECT_EQ(Heard(), ContextMenu(LabelPoint(b), "b") + onLabel);
   RequestMenu(OffPoint());
-  EXPECT_EQ(Heard(), ContextMenu(ToScreen(OffPoint()), "-1 0x0000"));
+  EXPECT_EQ(Heard(), ContextMenu(OffPoint(), "-1 0x0000"));
   Ask(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(-1, -1));
-  EXPECT_EQ(Heard(), "ContextMenu -1,-1 -1 0x0000") << "from the keyboard, passed on as it is";
+  EXPECT_EQ(Heard(), "ContextMenu -1,-1 -1 0x0000") << "from the keyboard";
   EXPECT_EQ(Selected(), "ab");
   RequestMenu(LabelPoint(c));
   const std::string selection = TreeOrList("B a b c E ", "B a E B b E B c E ");
-  EXPECT_EQ(Heard(), selection + ContextMenu(LabelOnScreen(c), "c") + onLabel);
-  EXPECT_EQ(Selected(), "c");
+  EXPECT_EQ(Heard(), selection + ContextMenu(LabelPoint(c), "c") + onLabel);
   if (!IsList()) {
-    // The caret stays on an item that a Ctrl press takes out.
+    // The caret stays on an item that is deselected.
     view->SetItemSelected(c, false);
     client.Take();
     RequestMenu(LabelPoint(c));
-    EXPECT_EQ(Heard(), "B c E " + ContextMenu(LabelOnScreen(c), "c") + onLabel);
-    EXPECT_EQ(Selected(), "c");
+    EXPECT_EQ(Heard(), "B c E " + ContextMenu(LabelPoint(c), "c") + onLabel);
   }
+  EXPECT_EQ(Selected(), "c");
   view->SetClient(nullptr);
   RequestMenu(LabelPoint(a));
-  EXPECT_EQ(Heard(), "");
-  EXPECT_EQ(Selected(), "c") << "without a client";
+  EXPECT_EQ(Heard() + Selected(), "c") << "nothing happens without a client";
 }
 
-TEST_P(ViewNotify, AClientThatTakesOverInsideABracketHearsTheRestOfIt) {
+TEST_P(ViewNotify, ClientThatIsSetInsideABracketGetsTheRestOfIt) {
   OpenWithItems();
   RecordingClient other;
   other.view = view;
@@ -232,18 +222,16 @@ TEST_P(ViewNotify, AClientThatTakesOverInsideABracketHearsTheRestOfIt) {
   view->SetClient(nullptr);
 }
 
-// In a list neither the flag nor the stored mode counts; in a tree tree_selection_test has the
-// rest.
-TEST_P(ViewNotify, ADragTakesItsItemIntoTheSelection) {
+// A list ignores the flag and the stored mode.
+TEST_P(ViewNotify, DragSelectsItsItem) {
   OpenWithItems(QVLS_NODRAGDROP);
   if (IsList()) view->SetMultiSelect(false);
   view->SetItemSelected(c, true);
   client.Take();
-  const UINT drag = TreeOrList(TVN_BEGINDRAGW, LVN_BEGINDRAG);
-  NotifyOf(c, drag);
-  EXPECT_EQ(Heard(), "BeginDrag c");
-  NotifyOf(b, drag);
-  EXPECT_EQ(Heard(), "B b E BeginDrag b c");
+  for (const ItemHandle item : {c, b}) {
+    NotifyOf(item, TreeOrList(TVN_BEGINDRAGW, LVN_BEGINDRAG));
+    EXPECT_EQ(Heard(), item == c ? "BeginDrag c" : "B b E BeginDrag b c");
+  }
 }
 
 }  // namespace

@@ -2,46 +2,45 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 
 SentMessages* current = nullptr;
 
-// A row's record has every field of a tree item's but those of the tree alone.
-void ReadTreeItem(const TVITEMW& item, SentMessage& sent) {
-  sent.treeItem = item;
-  sent.item.mask = item.mask;
-  sent.item.state = item.state;
-  sent.item.stateMask = item.stateMask;
-  sent.item.pszText = item.pszText;
-  sent.item.iImage = item.iImage;
-  sent.item.lParam = item.lParam;
+template <class Record>
+void Read(Record& record, LPARAM lParam) {
+  record = *reinterpret_cast<const Record*>(lParam);
 }
 
-SentMessage Copy(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  SentMessage sent = {};
-  sent.window = window;
-  sent.message = message;
-  sent.wParam = wParam;
-  sent.lParam = lParam;
+SentMessage Copy(UINT message, WPARAM wParam, LPARAM lParam) {
+  SentMessage sent = {message, wParam, lParam, {}, {}, {}, {}, {}};
   switch (message) {
     case LVM_INSERTITEMW:
     case LVM_SETITEMW:
     case LVM_SETITEMSTATE:
-      sent.item = *reinterpret_cast<const LVITEMW*>(lParam);
+      Read(sent.item, lParam);
       break;
     case LVM_INSERTCOLUMNW:
-      sent.column = *reinterpret_cast<const LVCOLUMNW*>(lParam);
+      Read(sent.column, lParam);
       break;
     case TVM_INSERTITEMW:
-      sent.insertion = *reinterpret_cast<const TVINSERTSTRUCTW*>(lParam);
-      ReadTreeItem(sent.insertion.item, sent);
+      Read(sent.insertion, lParam);
+      sent.treeItem = sent.insertion.item;
       break;
     case TVM_SETITEMW:
-      ReadTreeItem(*reinterpret_cast<const TVITEMW*>(lParam), sent);
+      Read(sent.treeItem, lParam);
       break;
     default:
       break;
+  }
+  if (const TVITEMW& item = sent.treeItem; item.mask) {
+    sent.item.mask = item.mask;
+    sent.item.state = item.state;
+    sent.item.stateMask = item.stateMask;
+    sent.item.pszText = item.pszText;
+    sent.item.iImage = item.iImage;
+    sent.item.lParam = item.lParam;
   }
   if (sent.item.pszText) sent.text = sent.item.pszText;
   return sent;
@@ -49,9 +48,9 @@ SentMessage Copy(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 }  // namespace
 
-SentMessages::SentMessages() { current = this; }
+SentMessages::SentMessages() : outer(std::exchange(current, this)) {}
 
-SentMessages::~SentMessages() { current = nullptr; }
+SentMessages::~SentMessages() { current = outer; }
 
 std::vector<SentMessage> SentMessages::Of(UINT message) const {
   std::vector<SentMessage> found;
@@ -61,7 +60,7 @@ std::vector<SentMessage> SentMessages::Of(UINT message) const {
 }
 
 LRESULT WINAPI SentMessages::Relay(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  current->all.push_back(Copy(window, message, wParam, lParam));
+  current->all.push_back(Copy(message, wParam, lParam));
   const auto answer = current->answers.find(message);
   return answer != current->answers.end() ? answer->second
                                           : SendMessageW(window, message, wParam, lParam);

@@ -12,19 +12,18 @@
 
 // One message that the library sent, with what its record held when it was sent.
 struct SentMessage {
-  HWND window;
   UINT message;
   WPARAM wParam;
   LPARAM lParam;
-  LVITEMW item;  // what is written, of a tree item too
+  LVITEMW item;  // for a tree item too: the fields that both records have
   std::basic_string<WCHAR> text;
   LVCOLUMNW column;
   TVITEMW treeItem;
   TVINSERTSTRUCTW insertion;
 };
 
-// Sees every message that the library sends for the life of the object. They go on to their window,
-// unless the test has an answer of its own for them. One at a time.
+// Notes every message that the library sends for the life of the object. It goes on to its window,
+// unless the test has an answer for it. Objects nest; only the innermost one notes.
 class SentMessages {
  public:
   SentMessages();
@@ -40,5 +39,6 @@ class SentMessages {
  private:
   static LRESULT WINAPI Relay(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+  SentMessages* outer;
   ImportPatch patch{"SendMessageW", &Relay};
 };
