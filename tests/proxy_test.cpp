@@ -1,4 +1,5 @@
-// The results of a view without a control, and how a view gets and loses its control.
+// The results of a view without a control or without the item, and how a view gets and loses its
+// control.
 #include "support/each_view.h"
 #include "support/replaced_call.h"
 #include "support/sent_messages.h"
@@ -6,6 +7,26 @@
 namespace {
 
 using V = IQVLTreeView;
+
+constexpr ItemHandle kHighHalf = 0x7FFFFFFF00000000;
+
+void ExpectItemFailures(V& view, ItemHandle handle) {
+  QVLTreeViewItem record;
+  record.SetItemName(TEXT("changed"));
+  record.SetSelected(true);
+  EXPECT_FALSE(view.UpdateItem(&record, handle));
+  for (const auto next : {&V::GetParentItem, &V::GetFirstChildItem, &V::GetNextSiblingItem}) {
+    EXPECT_EQ((view.*next)(handle), -1);
+  }
+  for (const auto set : {&V::SetItemSelected, &V::SetItemChecked}) {
+    for (const bool on : {true, false}) (view.*set)(handle, on);
+  }
+  for (const auto is :
+       {&V::DeleteItem, &V::IsItemExpanded, &V::IsItemSelected, &V::IsItemChecked}) {
+    EXPECT_FALSE((view.*is)(handle));
+  }
+  EXPECT_EQ(view.GetItemClientPtr(handle), 0);
+}
 
 // Every operation but Create and those of the mode and the client. Without a control no argument is
 // read, so some of the pointers are null.
@@ -21,10 +42,7 @@ void ExpectFailures(V& view, ItemHandle noItem) {
   EXPECT_EQ(hitFlags, noItem == 0 ? 5u : 0u) << "only an implementation writes them";
   EXPECT_EQ(view.GetItems(&items, true), 0);
   EXPECT_EQ(items, (ItemHandleList{1, 2, 3}));
-  for (const auto next : {&V::GetParentItem, &V::GetFirstChildItem, &V::GetNextSiblingItem}) {
-    EXPECT_EQ((view.*next)(1), -1);
-  }
-  EXPECT_EQ(view.GetItemClientPtr(1), 0);
+  ExpectItemFailures(view, 1);
   for (const auto count : {&V::GetSelectedCount, &V::GetCheckedCount})
     EXPECT_EQ((view.*count)(), 0);
   for (const auto item : {&V::GetSelectedItem, &V::GetCheckedItem}) EXPECT_EQ((view.*item)(0), 0);
@@ -33,21 +51,14 @@ void ExpectFailures(V& view, ItemHandle noItem) {
   for (const auto set : {&V::SetImageList, &V::SetStateImageList})
     EXPECT_FALSE((view.*set)(nullptr));
   for (const auto set : {&V::SetBkColor, &V::SetTextColor}) EXPECT_FALSE((view.*set)(1));
-  for (const auto is :
-       {&V::DeleteItem, &V::IsItemExpanded, &V::IsItemSelected, &V::IsItemChecked}) {
-    EXPECT_FALSE((view.*is)(1));
-  }
-  EXPECT_FALSE(view.UseSystemImageList() || view.UpdateItem(&record, 1));
-  EXPECT_FALSE(view.Move(1, 2, 3, 4) || view.ShowContextMenu(1, 2));
+  EXPECT_FALSE(view.UseSystemImageList() || view.Move(1, 2, 3, 4) || view.ShowContextMenu(1, 2));
   EXPECT_FALSE(view.GetScrollPosition(&written, &written));
   EXPECT_EQ(written, 77);
 
   view.SetScrollPosition(1, 2);
   view.EnsureVisible(-1);
   for (const auto set : {&V::SetToolTipWidth, &V::SetToolTipDelay}) (view.*set)(100);
-  for (const auto set : {&V::ExpandItem, &V::SetItemSelected, &V::SetItemChecked}) {
-    (view.*set)(1, true);
-  }
+  view.ExpandItem(1, true);
   for (const auto operation : {&V::DeleteAllItems, &V::Hide, &V::Show, &V::Redraw, &V::ExpandAll,
                                &V::CollapseAll, &V::SelectAll, &V::ClearSelection,
                                &V::InvertSelection, &V::CheckAll, &V::UncheckAll, &V::Destroy}) {
@@ -114,6 +125,25 @@ TEST_P(Proxy, WithoutImplementationOrControlEveryOperationFails) {
   ExpectCreated();
   ReleaseView();
   EXPECT_EQ(CountParents(), 0);
+}
+
+TEST_P(Proxy, HandleOfNoItemChangesNothing) {
+  OpenWithItems(QVLS_CHECKBOXES);
+  ItemHandleList handles = {-1};
+  // Their low halves look like a row, or like all of them. A tree's control checks these itself.
+  if (IsList()) handles = {-1, 0x100000000, 0x100000001, 0xFFFFFFFF, -0x100000000, kHighHalf};
+  for (const ItemHandle handle : handles) {
+    SCOPED_TRACE(handle);
+    const SentMessages sent;
+    ExpectItemFailures(*view, handle);
+    EXPECT_TRUE(IsList() || view->GetItemClientPtr(0) == 0) << "the control has no item 0";
+    EXPECT_EQ(sent.all.size(), sent.Of(LVM_GETITEMW).size()) << "a list may ask for the row";
+    if (IsList()) view->EnsureVisible(handle);
+  }
+  EXPECT_EQ(Heard(), "");
+  ItemHandleList items;
+  EXPECT_EQ(view->GetItems(&items, true), 3);
+  EXPECT_EQ(TextOf(a), TEXT("a"));
 }
 
 TEST_P(Proxy, CreateThatFailsLeavesAViewWithoutControl) {

@@ -18,14 +18,6 @@ using Ext = QVLTreeViewStyleExt;
 // A number or flag of a record: its value in a new record and another one.
 template <class Record>
 struct Field {
-  template <class Value>
-  Field(void (Record::*setter)(Value) noexcept, Value (Record::*getter)() const noexcept,
-        std::int64_t initial, std::int64_t another)
-      : set([=](Record& of, std::int64_t to) { (of.*setter)(static_cast<Value>(to)); }),
-        get(getter),
-        start(initial),
-        other(another) {}
-
   std::function<void(Record&, std::int64_t)> set;
   std::function<std::int64_t(const Record&)> get;
   std::int64_t start;

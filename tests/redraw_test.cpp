@@ -151,7 +151,7 @@ TEST_P(Redraw, MoreThanEightChangesAreDrawnOnceAtTheEnd) {
   }
 }
 
-TEST_P(Redraw, HostsOwnSuspensionStaysInForce) {
+TEST_P(Redraw, HostsSuspensionStaysInForceOnTestRuntime) {
   for (const HostStep& step : HostSteps()) {
     SCOPED_TRACE(step.name);
     OpenWith(20);
@@ -232,7 +232,7 @@ class TreeBars : public Redraw {
 
 INSTANTIATE_TEST_SUITE_P(Tree, TreeBars, ::testing::Values(0));
 
-TEST_P(TreeBars, BarsAndScrollPositionComeBackAsTheyWere) {
+TEST_P(TreeBars, BarsAndScrollPositionComeBackOnTestRuntime) {
   OpenScrolled();
   const LONG_PTR style = Style();
   EXPECT_TRUE(style & WS_VSCROLL);
@@ -249,7 +249,7 @@ TEST_P(TreeBars, BarsAndScrollPositionComeBackAsTheyWere) {
   EXPECT_TRUE(TakesBars()) << "also while the host suspends drawing";
 }
 
-TEST_P(TreeBars, HostsStyleAndLabelEditStay) {
+TEST_P(TreeBars, HostsStyleAndLabelEditStayOnTestRuntime) {
   OpenWith(10);
   EXPECT_FALSE(TakesBars()) << "a tree without bars";
   OpenScrolled();

@@ -12,7 +12,6 @@ namespace {
 constexpr std::int64_t kWide = -0x123456789A;
 
 struct RecordRow {
-  const char* name;
   int stateIndex;
   bool bold;
   bool cut;
@@ -21,18 +20,17 @@ struct RecordRow {
   UINT listState;  // index 0 is the control's image 1, and there is no bold
 };
 
-constexpr RecordRow kRecords[] = {
-    {"defaults", -1, false, false, -1, 0, 0},
-    {"image", -1, false, false, 7, 0, 0},
-    {"bold and cut without a state", -1, true, true, -1, 0, 0},
-    {"no state image", 0, false, false, -1, 0, 0x1000},
-    {"state image", 3, false, false, -1, 0x3000, 0x4000},
-    {"state image too large", 0x15, false, false, -1, 0x15000, 0x16000},
-    {"negative state image", -2, false, false, -1, 0xFFFFE000, 0xFFFFF000},
-    {"bold", 2, true, false, -1, 0x2010, 0x3000},
-    {"cut", 1, false, true, -1, 0x1004, 0x2004},
-    {"bold and cut", 0, true, true, 3, 0x14, 0x1004},
-};
+// Bold and cut need a state index; indexes that are too large or negative are passed on.
+constexpr RecordRow kRecords[] = {{-1, false, false, -1, 0, 0},
+                                  {-1, false, false, 7, 0, 0},
+                                  {-1, true, true, -1, 0, 0},
+                                  {0, false, false, -1, 0, 0x1000},
+                                  {3, false, false, -1, 0x3000, 0x4000},
+                                  {0x15, false, false, -1, 0x15000, 0x16000},
+                                  {-2, false, false, -1, 0xFFFFE000, 0xFFFFF000},
+                                  {2, true, false, -1, 0x2010, 0x3000},
+                                  {1, false, true, -1, 0x1004, 0x2004},
+                                  {0, true, true, 3, 0x14, 0x1004}};
 
 class ViewInsert : public EachView {
  protected:
@@ -61,7 +59,7 @@ TEST_P(ViewInsert, RecordBecomesANativeItem) {
   record.SetFileName(TEXT("the file"));
   record.SetClientPtr(kWide);
   for (const RecordRow& row : kRecords) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(&row - kRecords);
     record.SetStateIndex(row.stateIndex);
     record.SetBold(row.bold);
     record.SetCut(row.cut);

@@ -20,27 +20,23 @@ struct Notification {
   const char* callbacks;
 };
 
-const std::vector<Notification> kOfTree = {
-    {TVN_GETINFOTIPW, false, "InfoTip b 0x0000"},
-    {TVN_BEGINDRAGW, false, "B b E BeginDrag b"},
-    {TVN_SELCHANGEDW, false, "b"},
-    {TVN_ITEMEXPANDEDW, false, "Expanded b"},
-    {TVN_SELCHANGINGW, false, ""},
-    {TVN_ITEMEXPANDINGW, false, ""},
-    {TVN_KEYDOWN, false, ""},
-    {TVN_BEGINLABELEDITW, true, "EditBegins"},
-    {TVN_ENDLABELEDITW, true, "EditEnds"},
-};
+const std::vector<Notification> kOfTree = {{TVN_GETINFOTIPW, false, "InfoTip b 0x0000"},
+                                           {TVN_BEGINDRAGW, false, "B b E BeginDrag b"},
+                                           {TVN_SELCHANGEDW, false, "b"},
+                                           {TVN_ITEMEXPANDEDW, false, "Expanded b"},
+                                           {TVN_SELCHANGINGW, false, ""},
+                                           {TVN_ITEMEXPANDINGW, false, ""},
+                                           {TVN_KEYDOWN, false, ""},
+                                           {TVN_BEGINLABELEDITW, true, "EditBegins"},
+                                           {TVN_ENDLABELEDITW, true, "EditEnds"}};
 
-const std::vector<Notification> kOfList = {
-    {LVN_GETINFOTIPW, false, "InfoTip b 0x0000"},
-    {LVN_BEGINDRAG, false, "B b E BeginDrag b"},
-    {LVN_COLUMNCLICK, true, "ColumnClick 3"},
-    {LVN_ITEMCHANGED, true, "B b E"},
-    {LVN_KEYDOWN, true, ""},
-    {LVN_BEGINLABELEDITW, true, "EditBegins"},
-    {LVN_ENDLABELEDITW, true, "EditEnds"},
-};
+const std::vector<Notification> kOfList = {{LVN_GETINFOTIPW, false, "InfoTip b 0x0000"},
+                                           {LVN_BEGINDRAG, false, "B b E BeginDrag b"},
+                                           {LVN_COLUMNCLICK, true, "ColumnClick 3"},
+                                           {LVN_ITEMCHANGED, true, "B b E"},
+                                           {LVN_KEYDOWN, true, ""},
+                                           {LVN_BEGINLABELEDITW, true, "EditBegins"},
+                                           {LVN_ENDLABELEDITW, true, "EditEnds"}};
 
 class ViewNotify : public EachView {
  protected:
@@ -137,7 +133,7 @@ TEST_P(ViewNotify, ToolTipIsTheClientsPointerAndLength) {
   EXPECT_EQ(Selected(), "");
 }
 
-TEST_P(ViewNotify, LabelEditAsksTheClientAtBothEnds) {
+TEST_P(ViewNotify, LabelEditAsksTheClientAtBothEndsOnTestRuntime) {
   QVLTreeViewStyleExt editable;
   editable.SetStyle(TreeOrList(0u, std::uint32_t{LVS_EDITLABELS}));
   OpenWithItems(QVLS_EDITLABELS, &editable);
@@ -181,7 +177,7 @@ TEST_P(ViewNotify, LabelEditAsksTheClientAtBothEnds) {
   EXPECT_EQ(TextOf(b), TEXT("new")) << "and keeps the old text";
 }
 
-TEST_P(ViewNotify, ContextRequestSelectsItsItem) {
+TEST_P(ViewNotify, ContextRequestSelectsItsItemOnTestRuntime) {
   OpenWithItems();
   view->SetItemSelected(a, true);
   view->SetItemSelected(b, true);

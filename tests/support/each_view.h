@@ -5,12 +5,12 @@
 
 #include "support/host_window.h"
 
-// Each kind of view in turn, for the rules that both follow.
+// Each kind of view in turn, for what both do alike.
 class EachView : public HostTest, public ::testing::WithParamInterface<std::uint32_t> {
  protected:
   bool IsList() const { return GetParam() == QVLS_LISTVIEW; }
 
-  // What goes for the view at hand: a message, a code, a style.
+  // The value for this kind of view: a message, a code, a style.
   template <class Value>
   Value TreeOrList(Value tree, Value list) const {
     return IsList() ? list : tree;
@@ -37,7 +37,7 @@ class EachView : public HostTest, public ::testing::WithParamInterface<std::uint
   ItemHandle c = -1;
 };
 
-// What INSTANTIATE_TEST_SUITE_P takes behind the suite.
+// The last arguments of INSTANTIATE_TEST_SUITE_P.
 inline const auto EACH_VIEW = ::testing::Values(0u, std::uint32_t{QVLS_LISTVIEW});
 
 inline std::string ViewName(const ::testing::TestParamInfo<std::uint32_t>& info) {

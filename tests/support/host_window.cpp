@@ -1,20 +1,5 @@
 #include "support/host_window.h"
 
-namespace {
-
-constexpr const WCHAR* HOST_CLASS = TEXT("QVLTestHost");
-
-void RegisterHostClass() {
-  WNDCLASSW windowClass = {};
-  windowClass.lpfnWndProc = DefWindowProcW;
-  windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.lpszClassName = HOST_CLASS;
-  static const ATOM registered = RegisterClassW(&windowClass);
-  ASSERT_NE(registered, 0);
-}
-
-}  // namespace
-
 void PumpMessages() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -24,9 +9,14 @@ void PumpMessages() {
 }
 
 void HostTest::SetUp() {
-  ASSERT_NO_FATAL_FAILURE(RegisterHostClass());
-  host = CreateWindowExW(0, HOST_CLASS, TEXT("host"), WS_POPUP | WS_CLIPCHILDREN, 50, 50, WIDTH,
-                         HEIGHT, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  WNDCLASSW windowClass = {};
+  windowClass.lpfnWndProc = DefWindowProcW;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = TEXT("QVLTestHost");
+  static const ATOM registered = RegisterClassW(&windowClass);
+  ASSERT_NE(registered, 0);
+  host = CreateWindowExW(0, windowClass.lpszClassName, TEXT("host"), WS_POPUP | WS_CLIPCHILDREN, 50,
+                         50, WIDTH, HEIGHT, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
   ASSERT_NE(host, nullptr);
   // An active window without a window manager costs two seconds when it goes.
   ShowWindow(host, SW_SHOWNOACTIVATE);
@@ -38,9 +28,7 @@ void HostTest::SetUp() {
 
 void HostTest::TearDown() {
   ReleaseView();
-  if (host && IsWindow(host)) {
-    DestroyWindow(host);
-  }
+  if (host && IsWindow(host)) DestroyWindow(host);
   PumpMessages();
 }
 
@@ -48,12 +36,9 @@ std::string Short(const Lines& lines) {
   const std::string report = "Changed ";
   std::string text;
   for (const std::string& line : lines) {
-    if (!text.empty()) text += ' ';
-    if (line == "Begin" || line == "End") {
-      text += line.front();
-    } else {
-      text += line.starts_with(report) ? line.substr(report.size()) : line;
-    }
+    const bool bracket = line == "Begin" || line == "End";
+    text += text.empty() ? "" : " ";
+    text += bracket ? line.substr(0, 1) : line.substr(line.starts_with(report) ? report.size() : 0);
   }
   return text;
 }
@@ -107,21 +92,18 @@ std::string HostTest::Selected() const {
 }
 
 std::basic_string<WCHAR> HostTest::TextOf(ItemHandle item, int column) const {
-  WCHAR text[100] = {};
-  if (IsList()) {
-    LVITEMW row = {};
-    row.iSubItem = column;
-    row.pszText = text;
-    row.cchTextMax = 100;
-    AskRecord(LVM_GETITEMTEXTW, item, &row);
-  } else {
-    TVITEMW record = {};
-    record.mask = TVIF_TEXT;
-    record.hItem = Native(item);
-    record.pszText = text;
-    record.cchTextMax = 100;
-    AskRecord(TVM_GETITEMW, 0, &record);
-  }
+  constexpr int kSize = 100;
+  WCHAR text[kSize] = {};
+  LVITEMW row = {};
+  row.iSubItem = column;
+  row.pszText = text;
+  row.cchTextMax = kSize;
+  TVITEMW record = {};
+  record.mask = TVIF_TEXT;
+  record.hItem = Native(item);
+  record.pszText = text;
+  record.cchTextMax = kSize;
+  IsList() ? AskRecord(LVM_GETITEMTEXTW, item, &row) : AskRecord(TVM_GETITEMW, 0, &record);
   return text;
 }
 
@@ -154,13 +136,10 @@ RECT HostTest::ItemRect(ItemHandle item, bool labelOnly) const {
     ItemHandle asked;
     RECT rect;
   } record = {item};
-  if (IsList()) {
-    record.rect = {labelOnly ? LVIR_LABEL : LVIR_BOUNDS, 0, 0, 0};
-    EXPECT_TRUE(AskRecord(LVM_GETITEMRECT, item, &record)) << item;
-  } else {
-    EXPECT_TRUE(AskRecord(TVM_GETITEMRECT, labelOnly, &record))
-        << client.Name(item) << " is not shown";
-  }
+  if (IsList()) record.rect = {labelOnly ? LVIR_LABEL : LVIR_BOUNDS, 0, 0, 0};
+  EXPECT_TRUE(IsList() ? AskRecord(LVM_GETITEMRECT, item, &record)
+                       : AskRecord(TVM_GETITEMRECT, labelOnly, &record))
+      << client.Name(item) << " is not shown";
   return record.rect;
 }
 

@@ -19,16 +19,15 @@ constexpr bool REAL_CONTROL = false;
 
 inline HTREEITEM Native(ItemHandle item) { return reinterpret_cast<HTREEITEM>(item); }
 
-// Lets the thread's queued messages be handled, until none is left.
+// Dispatches the thread's queued messages until none is left.
 void PumpMessages();
 
-// The client's lines in short: B and E for the bracket, the item's name alone for a report, and
-// every other line as it is; "B Q R 0 S E".
+// The client's lines in short: B and E for the bracket, only the item's name for a changed item,
+// and every other line as it is; "B Q R 0 S E".
 std::string Short(const Lines& lines);
 
-// What a host has around a view: a window of its own, shown, a client, and a view that the test
-// creates with the style it wants. Everything ends with the test. Questions about items are asked
-// of the view's control itself, past the library's back, in the words of a tree or of a list.
+// A host: a window that is shown, a client, and a view that the test creates. All are destroyed
+// after the test. Functions about items send messages to the control itself, not to the library.
 class HostTest : public ::testing::Test {
  protected:
   static constexpr int CONTROL_ID = 100;
@@ -38,18 +37,17 @@ class HostTest : public ::testing::Test {
   void SetUp() override;
   void TearDown() override;
 
-  // Creates the control in the whole of the host window, with `client` listening.
+  // Creates the control in the whole host window, with `client`.
   HWND CreateView(std::uint32_t style = 0, QVLTreeViewStyleExt* styleExt = nullptr);
 
-  // The same for a test that goes on with the view's two windows, `control` and `parent`. What the
-  // client hears meanwhile is dropped.
+  // The same, and sets `control` and `parent`. The callbacks up to then are dropped.
   void OpenView(std::uint32_t style = 0, QVLTreeViewStyleExt* styleExt = nullptr,
                 int id = CONTROL_ID);
 
-  // Inserts an item of that name, under which the client's lines then name it.
+  // Inserts an item. The client's lines call it by this name.
   ItemHandle Insert(const WCHAR* name, ItemHandle parent = -1);
 
-  // Ends the view before the test ends.
+  // Deletes the view before the test ends.
   void ReleaseView();
 
   // Whether the control is a list and not a tree.
@@ -61,7 +59,7 @@ class HostTest : public ::testing::Test {
   // The names of the selected items.
   std::string Selected() const;
 
-  // What the client has heard since it was last asked, in short.
+  // The callbacks since the last call, in short.
   std::string Heard() { return Short(client.Take()); }
 
   LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
@@ -93,7 +91,7 @@ class HostTest : public ::testing::Test {
   // Asks for a context menu with the mouse at a point of the control.
   void RequestMenu(POINT point) const;
 
-  // Tells the view's parent window of a notification, as a child with that id would.
+  // Sends a notification to the view's parent window, as a child with that id would.
   LRESULT Notify(NMHDR& record, UINT code, INT_PTR id = CONTROL_ID) const;
 
   // The same about an item, with the record that belongs to the code.

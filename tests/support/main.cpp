@@ -5,7 +5,7 @@
 #include <commctrl.h>
 #include <ole2.h>
 
-// What every host does once before it makes a view.
+// Initialises the platform as every host does before it creates a view.
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES};

@@ -18,12 +18,12 @@ using Text = std::basic_string<WCHAR>;
 
 ScriptedPlatform* platform = nullptr;
 
-// What the library passed or got, and has to pass on.
+// Values that the library has to pass on.
 const void* addressInModule = nullptr;
 HMODULE module = nullptr;
 Text path;
 
-// Notes the call, and gives what the script answers or else what `call` gives.
+// Logs the call. Returns the script's answer, or else the result of `call`.
 template <typename Call>
 auto Note(const std::string& line, Call call) {
   platform->errors[line].push_back(GetLastError());
@@ -45,10 +45,10 @@ void ExpectNewIconList(int, int, UINT flags, int count, int growth) {
   EXPECT_EQ(std::tuple(flags, count, growth), std::tuple(0x10u, 0, 100));
 }
 
-// The functions that relays go on to; those of the common controls are the ones last looked up.
+// The functions that relays call; those of the common controls are the ones last looked up.
 std::map<std::string, FARPROC> targets;
 
-// What stands in for a function of which hardly more than the context is checked, with its name.
+// The replacement of a function for which only the context is checked, with its name.
 template <Name NAME, typename Result, typename... Arguments>
 std::pair<const std::string, FARPROC> RelayTo(Result (*function)(Arguments...)) {
   targets[NAME.text] = std::bit_cast<FARPROC>(function);

@@ -9,15 +9,15 @@
 
 #include "support/import_patch.h"
 
-// Stands between the library and the platform for the calls by which contexts are made and
-// activated, functions are looked up, and windows and images are made. A call goes on to the
-// platform unless the script answers it, and each leaves a line: its own name, or one of
+// Replaces the platform calls that find, create and activate contexts, look functions up, and
+// create windows and images. A call goes on to the platform unless the script has an answer for it.
+// Each leaves a line: its own name, or one of
 //
 //   Activate 0   Activate fake   Deactivate   Find   Lookup ImageList_Remove
 //
-// Activations and searches for redirections are only noted. It checks by itself what the library
-// passes, that every deactivation belongs to the latest activation and that windows and images are
-// only made with a context active. One at a time.
+// Activations and searches for redirections are only logged. It checks the library's arguments,
+// that every deactivation belongs to the latest activation, and that windows and images are created
+// only while a context is active. One object at a time.
 class ScriptedPlatform {
  public:
   ScriptedPlatform();
@@ -29,25 +29,24 @@ class ScriptedPlatform {
   // A context that is not the platform's.
   static constexpr LONG_PTR FAKE_CONTEXT = 0x7A00;
 
-  // What every deactivation leaves as the last error, to be told from what a function left.
+  // The last error after every deactivation, different from those of the functions.
   static constexpr DWORD ERROR_OF_DEACTIVATION = 777;
 
-  // What calls are answered in the platform's place, by their lines. QueryActCtxW, like
-  // CreateActCtxW, gives a context or -1; null if there is no answer.
+  // The script's answers, by the lines of the calls. QueryActCtxW, like CreateActCtxW, gives a
+  // context or -1, and null without an answer.
   struct Answer {
     DWORD error = 0;
     LONG_PTR result = 0;
   };
   std::map<std::string, Answer> answers;
 
-  // The last error at the beginning of each call of a line: what the library's call before it left
-  // behind.
+  // The last error at the beginning of each call of a line.
   std::map<std::string, std::vector<DWORD>> errorsAt;
 
   // Activations that have not been undone.
   ULONG_PTR active = 0;
 
-  // What Take gives; the replaced calls write it.
+  // The results of the next Take; the replaced calls write them.
   std::vector<std::string> lines;
   std::map<std::string, std::vector<DWORD>> errors;
 
