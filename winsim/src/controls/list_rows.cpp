@@ -1,5 +1,6 @@
 // Insertion, reading, changing and deletion of rows.
 #include <algorithm>
+#include <utility>
 
 #include "controls/list_control.h"
 

@@ -1,5 +1,5 @@
 // Insertion, reading, changing and deletion of items, and the relations between them.
-#include <algorithm>
+#include <utility>
 
 #include "controls/tree_control.h"
 

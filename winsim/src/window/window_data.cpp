@@ -1,5 +1,4 @@
 // The values that are stored with a window and with its class.
-#include <algorithm>
 #include <utility>
 
 #include "window/window.h"

@@ -1,6 +1,4 @@
 // Creation and destruction of windows.
-#include <algorithm>
-
 #include "window/input.h"
 #include "window/message_queue.h"
 #include "window/placement.h"
