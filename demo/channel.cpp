@@ -1,0 +1,24 @@
+#include "channel.h"
+
+#include <iostream>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace demo {
+
+void StartChannel(HWND window) {
+  std::thread([window] {
+    std::string line;
+    while (std::getline(std::cin, line)) {
+      while (!line.empty() && line.back() == '\r') line.pop_back();
+      auto copy = std::make_unique<std::string>(line);
+      if (PostMessageW(window, kChannelLine, 0, reinterpret_cast<LPARAM>(copy.get()))) {
+        copy.release();
+      }
+    }
+    PostMessageW(window, kChannelEnd, 0, 0);
+  }).detach();
+}
+
+}  // namespace demo
