@@ -61,7 +61,6 @@ bool BrowserView::Open(HWND parent, bool asList, const RECT& area, const Progres
                    static_cast<int>(area.bottom - area.top), Style(asList), nullptr);
   if (!control) return false;
   const qvl::ClientPause quiet(*view, &client);
-  const qvl::DrawingPause pause(*view);
   UseMessageFont(control);
   if (!asList) {
     SendMessageW(control, TVM_SETITEMHEIGHT, static_cast<WPARAM>(LineHeight() + Scaled(6)), 0);
@@ -69,7 +68,10 @@ bool BrowserView::Open(HWND parent, bool asList, const RECT& area, const Progres
   filler.UseShellIcons();
   view->SetToolTipWidth(Scaled(kTipWidth));
   ApplyColors();
-  filler.Fill(progress);
+  {
+    const qvl::DrawingPause pause(*view);
+    filler.Fill(progress);
+  }
   if (asList) qvl::ShowSortArrow(*view, static_cast<int>(sortedBy), isDescending);
   FitColumns();
   return true;
@@ -148,9 +150,8 @@ void BrowserView::DeleteGone(std::vector<EntryIndex> gone) {
     if (const auto entry = EntryOf(*view, item)) wasSelected[*entry] = true;
   }
   if (IsList()) {  // from the last row on, so that rows before keep their numbers
-    std::sort(gone.begin(), gone.end(), [this](EntryIndex a, EntryIndex b) {
-      return filler.ItemOf(a) > filler.ItemOf(b);
-    });
+    std::sort(gone.begin(), gone.end(),
+              [this](EntryIndex a, EntryIndex b) { return filler.ItemOf(a) > filler.ItemOf(b); });
   }
   for (const EntryIndex entry : gone) filler.Delete(entry);
   // A control that loses its focused item selects another one.
@@ -164,14 +165,16 @@ void BrowserView::Follow(DirectoryModel&& fresh) {
   const Changes changes = model.Merge(std::move(fresh));
   if (changes.IsEmpty()) return;
   const qvl::ClientPause quiet(*view, &client);
-  const qvl::DrawingPause pause(*view);
   const auto top = EntryOf(*view, qvl::TopItem(*view));
-  filler.FindRows();
-  DeleteGone(changes.gone);
-  filler.FindRows();
-  for (const EntryIndex entry : changes.added) filler.Insert(entry);
-  for (const EntryIndex entry : changes.updated) filler.Update(entry);
-  SortItems(changes.added);
+  {
+    const qvl::DrawingPause pause(*view);
+    filler.FindRows();
+    DeleteGone(changes.gone);
+    filler.FindRows();
+    for (const EntryIndex entry : changes.added) filler.Insert(entry);
+    for (const EntryIndex entry : changes.updated) filler.Update(entry);
+    SortItems(changes.added);
+  }
   FitColumns();
   const ItemHandle topItem = top ? filler.ItemOf(*top) : -1;
   if (topItem != -1) qvl::ScrollToTop(*view, topItem);

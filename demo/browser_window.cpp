@@ -106,8 +106,8 @@ LRESULT BrowserWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
       HandleTimer(wParam);
       return 0;
     case kDirectoryRead:
-      browser.Follow(std::move(
-          *std::unique_ptr<DirectoryModel>(reinterpret_cast<DirectoryModel*>(lParam))));
+      browser.Follow(
+          std::move(*std::unique_ptr<DirectoryModel>(reinterpret_cast<DirectoryModel*>(lParam))));
       return 0;
     case WM_DESTROY:
       PostQuitMessage(0);

@@ -1,11 +1,19 @@
 #include "channel.h"
 
+#include <cstdio>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <thread>
 
 namespace demo {
+
+void Print(const std::string& text) { std::printf("%s\n", text.c_str()); }
+
+void Finish(const char* result) {
+  std::printf("%s\n", result);
+  std::fflush(stdout);
+}
 
 void StartChannel(HWND window) {
   std::thread([window] {

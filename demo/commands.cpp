@@ -11,7 +11,6 @@
 #include "channel.h"
 #include "clipboard.h"
 #include "menu_watch.h"
-#include "outline.h"
 #include "screen_points.h"
 #include "text.h"
 
@@ -21,13 +20,6 @@ namespace {
 constexpr WPARAM kSyncKey = VK_F12;
 constexpr UINT_PTR kIdleTimer = 1;
 constexpr UINT kIdleTime = 15;  // milliseconds
-
-void Print(const std::string& text) { std::printf("%s\n", text.c_str()); }
-
-void Finish(const char* result) {
-  std::printf("%s\n", result);
-  std::fflush(stdout);
-}
 
 void PrintNames(const std::vector<std::wstring>& names) {
   for (const std::wstring& name : names) Print(Utf8(name));
@@ -60,6 +52,7 @@ const Commands::Named Commands::kNamed[] = {
     {"dropped", &Commands::AnswerDropped},
     {"clipboard", &Commands::AnswerClipboard},
     {"empty-clipboard", &Commands::AnswerEmptyClipboard},
+    {"label-visible", &Commands::AnswerLabelVisible},
     {"top", &Commands::AnswerTop},
     {"columns", &Commands::AnswerColumns},
     {"client", &Commands::AnswerClient},
@@ -115,11 +108,6 @@ void Commands::Answer(const std::string& line) {
   Finish("error: no such command");
 }
 
-std::string Commands::NameOf(ItemHandle item) {
-  const auto entry = EntryOf(browser.Browser().View(), item);
-  return entry ? browser.Model().RelativeName(*entry) : "none";
-}
-
 void Commands::AnswerPoint(const std::string& argument) {
   std::string name = argument;
   const std::string part = TakeWord(name);
@@ -129,53 +117,6 @@ void Commands::AnswerPoint(const std::string& argument) {
   } else {
     Finish("error: there is no such point");
   }
-}
-
-void Commands::PrintItems(const std::function<bool(ItemHandle)>& wanted) {
-  for (const ItemHandle item : qvl::VisibleItems(browser.Browser().View())) {
-    if (wanted(item)) Print(NameOf(item));
-  }
-  Finish("ok");
-}
-
-void Commands::AnswerSelection(const std::string&) {
-  PrintItems([this](ItemHandle item) { return browser.Browser().View().IsItemSelected(item); });
-}
-
-void Commands::AnswerChecked(const std::string&) {
-  PrintItems([this](ItemHandle item) { return browser.Browser().View().IsItemChecked(item); });
-}
-
-void Commands::AnswerRows(const std::string&) {
-  PrintItems([](ItemHandle) { return true; });
-}
-
-void Commands::AnswerCaret(const std::string&) {
-  Print(NameOf(qvl::FocusedItem(browser.Browser().View())));
-  Finish("ok");
-}
-
-void Commands::AnswerTop(const std::string&) {
-  Print(NameOf(qvl::TopItem(browser.Browser().View())));
-  Finish("ok");
-}
-
-// Whether the columns of the list fill it exactly.
-void Commands::AnswerColumns(const std::string&) {
-  const HWND list = browser.Browser().View().GetControlWindow();
-  RECT area{};
-  GetClientRect(list, &area);
-  LRESULT width = 0;
-  for (WPARAM column = 0; column < 3; ++column) {
-    width += SendMessageW(list, LVM_GETCOLUMNWIDTH, column, 0);
-  }
-  Print(std::to_string(area.right - width) + " pixels left");
-  Finish("ok");
-}
-
-void Commands::AnswerOutline(const std::string&) {
-  std::fputs(Outline(browser.Browser().View(), browser.Model()).c_str(), stdout);
-  Finish("ok");
 }
 
 void Commands::AnswerLog(const std::string& argument) {

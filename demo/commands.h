@@ -48,6 +48,7 @@ class Commands final : public WindowBase {
   void AnswerDropped(const std::string& argument);
   void AnswerClipboard(const std::string& argument);
   void AnswerEmptyClipboard(const std::string& argument);
+  void AnswerLabelVisible(const std::string& argument);
   void AnswerTop(const std::string& argument);
   void AnswerColumns(const std::string& argument);
   void AnswerClient(const std::string& argument);

@@ -117,8 +117,8 @@ bool DemoClient::OnShellContextMenu(IQVLTreeView* view, ItemHandleList* items,
 bool DemoClient::OnLabelEdit(IQVLTreeView*, NMHDR* record, std::uint32_t code) {
   const qvl::LabelEdit edit = qvl::ReadLabelEdit(record, code);
   const bool result = reactions ? reactions->AnswerLabelEdit(edit) : edit.begins;
-  const char* outcome = edit.begins ? (result ? "cancelled" : "allowed")
-                                    : (result ? "accepted" : "not accepted");
+  const char* outcome =
+      edit.begins ? (result ? "cancelled" : "allowed") : (result ? "accepted" : "not accepted");
   Note(std::string("OnLabelEdit ") + (edit.begins ? "begins, " : "ends, ") + outcome);
   return result;
 }

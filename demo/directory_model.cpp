@@ -148,9 +148,8 @@ EntryIndex DirectoryModel::Find(std::string_view relativeName) const {
     const std::size_t end = std::min(path.find(L'/', start), path.size());
     const auto name = std::wstring_view(path).substr(start, end - start);
     const auto& children = entries[index].children;
-    const auto found = std::find_if(children.begin(), children.end(), [&](EntryIndex child) {
-      return entries[child].name == name;
-    });
+    const auto found = std::find_if(children.begin(), children.end(),
+                                    [&](EntryIndex child) { return entries[child].name == name; });
     if (found == children.end()) return kNoEntry;
     index = *found;
     start = end + 1;

@@ -92,8 +92,8 @@ class DirectoryModel {
 
   std::wstring root;
   std::vector<Entry> entries;
-  std::vector<EntryIndex> gone;    // by the last Merge
-  std::vector<EntryIndex> unused;  // free indexes
+  std::vector<EntryIndex> gone;                            // by the last Merge
+  std::vector<EntryIndex> unused;                          // free indexes
   std::vector<std::pair<EntryIndex, EntryIndex>> pending;  // directories that Merge has yet to see
   Column sortedBy = Column::Name;
   bool sortedDown = false;

@@ -44,9 +44,9 @@ class Reader {
   bool ReadChildren(EntryIndex folder) {
     const std::wstring pattern = Join(LongPath(model.PathOf(folder)), L"*");
     WIN32_FIND_DATAW found{};
-    const HANDLE handle = FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &found,
-                                           FindExSearchNameMatch, nullptr,
-                                           FIND_FIRST_EX_LARGE_FETCH);
+    const HANDLE handle =
+        FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr,
+                         FIND_FIRST_EX_LARGE_FETCH);
     // A drive's empty root folder does not even have the entry ".".
     if (handle == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND;
     const FindOwner owner(handle);

@@ -5,8 +5,8 @@
 namespace demo {
 namespace {
 
-constexpr DWORD kPause = 150;      // milliseconds without a change after which a reading begins
-constexpr DWORD kLongest = 1500;   // milliseconds of changes after which it begins anyway
+constexpr DWORD kPause = 150;     // milliseconds without a change after which a reading begins
+constexpr DWORD kLongest = 1500;  // milliseconds of changes after which it begins anyway
 constexpr DWORD kChanges = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME |
                            FILE_NOTIFY_CHANGE_SIZE | FILE_NOTIFY_CHANGE_LAST_WRITE;
 

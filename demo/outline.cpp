@@ -70,8 +70,7 @@ class OutlineWriter {
 bool OpenDirectory(const Options& options, DirectoryModel& model, const ReadProgress& progress) {
   ReadLimits limits;
   limits.skip = options.skip;
-  const std::string failure =
-      ReadDirectory(FullPath(options.directory), limits, progress, model);
+  const std::string failure = ReadDirectory(FullPath(options.directory), limits, progress, model);
   if (failure.empty()) {
     CheckFirstFiles(model, 3);
     return true;

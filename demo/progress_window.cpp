@@ -40,8 +40,8 @@ void ProgressWindow::Open() {
   const int margin = Scaled(kMargin);
   const int width = plan.width - 3 * margin;
   const HINSTANCE module = GetModuleHandleW(nullptr);
-  label = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, margin, margin,
-                          width, LineHeight(), window, nullptr, module, nullptr);
+  label = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, margin, margin, width,
+                          LineHeight(), window, nullptr, module, nullptr);
   UseMessageFont(label);
   bar = CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD | WS_VISIBLE, margin,
                         margin + LineHeight() + Scaled(8), width, Scaled(18), window, nullptr,

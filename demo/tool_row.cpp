@@ -18,8 +18,8 @@ void AddSeparator(HWND toolbar) {
 
 bool ToolRow::Create(HWND parent) {
   toolbar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
-                            WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_WRAPABLE, 0, 0, 0, 0, parent,
-                            nullptr, GetModuleHandleW(nullptr), nullptr);
+                            WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_WRAPABLE,
+                            0, 0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
   if (!toolbar) return false;
   SendMessageW(toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   SendMessageW(toolbar, TB_SETBITMAPSIZE, 0, 0);

@@ -1,6 +1,6 @@
 #!/bin/bash
 # The list with a real mouse and real keys: selection, a box, a column title, the shell's menu, a drag,
-# changes on disk. The native list may report a row several times, so the test looks at the reported
+# changes on disk, the window's size. The native list may report a row several times, so the test looks at the reported
 # rows and at the bracket of each report.
 set -euo pipefail
 
@@ -91,5 +91,61 @@ drop
 expect_logged "OnBeginDrag q.txt, r.txt, s.txt"
 expect_answer "names dropped" "$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s.txt" dropped
 
+mark
+for menu_key in Menu shift+F10; do
+  xdotool key "$menu_key"
+  leave_menu
+  expect_calls "$menu_key" "OnShellContextMenu q.txt, r.txt, s.txt"
+  expect_selection "$menu_key" $'q.txt\nr.txt\ns.txt'
+done
+
+columns_fill() { expect_answer "$1: width beside the columns" 0 columns; }
+
+# New rows, more than fit into the view.
+columns_fill "few rows"
+touch "$folder"/n{100..250}.txt
+lacks_row() { ! has_row "$1"; }
+has_row() { ask rows && grep -qxF "$1" <<<"$answer"; }
+retry "the new files do not come" has_row n250.txt
+columns_fill "many rows"
+expect_selection "new files" $'q.txt\nr.txt\ns.txt'
+
+# A row above the scrolled part is deleted: the scroll position stays.
+over label n200.txt
+ask top
+top=$answer
+rm "$folder/n105.txt"
+retry "the deleted file does not go" lacks_row n105.txt
+expect_answer "a file above is deleted: first row in view" "$top" top
+expect_answer "a file above is deleted: checked rows" $'sub\np.txt\nq.txt\nr.txt' checked
+
+over splitter
+read -r splitter_x splitter_y <<<"$answer"
+xdotool mousedown 1 mousemove_relative -- -100 0 mouseup 1
+settle
+columns_fill "splitter"
+expect_answer "splitter" "$((splitter_x - 100)) $splitter_y" point splitter
+
+# A small window shows all buttons.
+ask client
+read -r left top width height <<<"$answer"
+xdotool mousemove "$((left + width + 1))" "$((top + height + 1))" mousedown 1 \
+  mousemove "$((left + 640))" "$((top + 480))" mouseup 1
+settle
+ask client
+read -r left top width height <<<"$answer"
+[ "$width" -lt 660 ] || fail "the window was not resized: width $width"
+for tool in expand collapse check uncheck select invert remove rename colors switch; do
+  ask point tool "$tool"
+  [ "${answer% *}" -lt "$((left + width - 20))" ] || fail "the button $tool is cut: $answer"
+done
+columns_fill "small window"
+picture "small window"
+
+# A change of many rows is in the log file too.
+key ctrl+a
+ask count
+lines=$answer
 stop_demo
+[ "$(wc -l <"$session_folder/calls.log")" -eq "$lines" ] || fail "the log file has not $lines lines"
 echo "The list selected, sorted, opened the shell's menu and dragged; pictures: $session_folder"

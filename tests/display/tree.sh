@@ -1,6 +1,6 @@
 #!/bin/bash
 # The tree with a real mouse and real keys: selection, the shell's menu of real files, drags, changes
-# on disk. After each gesture the client must have got exactly these callbacks.
+# on disk, long paths. After each gesture the client must have got exactly these callbacks.
 set -euo pipefail
 
 session_name=tree
@@ -126,6 +126,16 @@ ask status
 grep -qF "No menu: the selected files are in different folders" <<<"$answer" ||
   fail "the status line says $answer"
 
+# The menu keys leave the selection as it is.
+click label q.txt
+ctrl_click label s t.txt
+mark
+for menu_key in Menu shift+F10; do
+  xdotool key "$menu_key"
+  leave_menu
+  after "$menu_key" $'q.txt\ns t.txt' "OnShellContextMenu q.txt, s t.txt"
+done
+
 three_files="$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s t.txt"
 
 # A press without Ctrl would make the pressed item the only one.
@@ -166,7 +176,43 @@ await "the drag leaves"
 xdotool mouseup 3
 no_second_drop "a drag ended by the right button"
 
+# The caret and its neighbour are deleted. Selection, boxes and expansion of the others stay.
+rm "$folder/p.txt" "$folder/s t.txt"
+touch "$folder/oo.txt" "$folder/sub/deep.txt"
+await_answer "changes on disk" \
+  $'.\nsub\nsub/deep.txt\nsub/inner.txt\noo.txt\nq.txt\nr.txt' rows
+expect_selection "changes on disk" $'q.txt\nr.txt'
+expect_answer "changes on disk: checked items" $'q.txt\nr.txt' checked
+
+# A path that the system can list, and below it one that is too long for the system.
+make_deep_folder() {
+  local name level
+  name=$(printf 'd%.0s' {1..200})
+  cd "$folder"
+  for level in {1..25}; do
+    mkdir "$name"
+    cd "$name"
+    [ "$level" -ne 3 ] || touch end.txt
+  done
+}
+(make_deep_folder)
+has_unreadable_folder() { ask status && [[ $answer == *"1 cannot be read"* ]]; }
+retry "the status line has no unreadable folder: $answer" has_unreadable_folder
+click label r.txt
+click tool expand
+ask rows
+grep -q '^d*/d*/d*/end.txt$' <<<"$answer" || fail "no file with a long path in: $answer"
+ask outline
+grep -q '^ *\[ \] d* (cannot be read)/$' <<<"$answer" || fail "no unreadable folder in: $answer"
+ask label-visible r.txt
+picture "all expanded"
+
+outline() {
+  "$session_root/tools/wine.sh" "$session_build/bin/demo.exe" --outline "$1" | tee "$session_folder/outline.txt"
+}
 stop_demo
+[ "$(outline "\\\\?\\$root")" = "$(outline "$root")" ] || fail "the outline depends on the prefix"
+grep -qF '[x] q.txt' "$session_folder/outline.txt" || fail "the outline has no checked q.txt"
 handed=$(grep -c 'HandleMenuMsg .*(0x117 ' "$session_folder/stderr.log" || true)
-[ "$handed" -eq 3 ] || fail "WM_INITMENUPOPUP reached the shell's menu $handed times, not once for each of 3 menus"
+[ "$handed" -eq 5 ] || fail "WM_INITMENUPOPUP reached the shell's menu $handed times, not 5 times"
 echo "The tree selected, opened the shell's menu and dragged; pictures: $session_folder"
