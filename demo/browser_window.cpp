@@ -1,6 +1,7 @@
 #include "browser_window.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 #include "options.h"
@@ -142,7 +143,7 @@ RECT BrowserWindow::ViewArea() const {
   GetClientRect(Window(), &area);
   area.left = Gap();
   area.top = tools.Height() + Gap();
-  area.right = std::max<LONG>(static_cast<LONG>(viewShare * area.right), area.left);
+  area.right = std::max(std::lround(viewShare * static_cast<double>(area.right)), area.left);
   area.bottom = std::max<LONG>(area.bottom - LineHeight() - 2 * Gap(), area.top);
   return area;
 }

@@ -13,6 +13,7 @@ bool Splitter::Create(HWND parent) {
 LRESULT Splitter::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_LBUTTONDOWN:
+      grip = static_cast<short>(LOWORD(lParam));
       SetCapture(Window());
       return 0;
     case WM_LBUTTONUP:
@@ -20,7 +21,7 @@ LRESULT Splitter::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_MOUSEMOVE:
       if (GetCapture() == Window()) {
-        POINT point{static_cast<short>(LOWORD(lParam)), 0};
+        POINT point{static_cast<short>(LOWORD(lParam)) - grip, 0};
         MapWindowPoints(Window(), GetParent(Window()), &point, 1);
         moved(static_cast<int>(point.x));
       }

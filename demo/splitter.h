@@ -12,7 +12,7 @@ namespace demo {
 
 class Splitter final : public WindowBase {
  public:
-  // `moved` is called while the user drags, with a position in the parent's client area.
+  // `dragged` is called while the user drags, with the new left edge in the parent's client area.
   explicit Splitter(std::function<void(int x)> dragged) : moved(std::move(dragged)) {}
 
   bool Create(HWND parent);
@@ -21,6 +21,7 @@ class Splitter final : public WindowBase {
   LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   std::function<void(int x)> moved;
+  int grip = 0;  // where the user holds the bar, from its left edge
 };
 
 }  // namespace demo
