@@ -121,10 +121,13 @@ expect_answer "a file above is deleted: checked rows" $'sub\np.txt\nq.txt\nr.txt
 
 over splitter
 read -r splitter_x splitter_y <<<"$answer"
-xdotool mousedown 1 mousemove_relative -- -100 0 mouseup 1
-settle
-columns_fill "splitter"
-expect_answer "splitter" "$((splitter_x - 100)) $splitter_y" point splitter
+for way in -100 100; do
+  xdotool mousedown 1 mousemove_relative -- "$way" 0 mouseup 1
+  settle
+  columns_fill "splitter moved by $way"
+  splitter_x=$((splitter_x + way))
+  expect_answer "splitter moved by $way" "$splitter_x $splitter_y" point splitter
+done
 
 # A small window shows all buttons.
 ask client
