@@ -64,7 +64,8 @@ void BrowserWindow::ShowMenu(POINT screenPoint) {
   watch.ReadSoon();
 }
 
-// The message loop opens the menu for the keyboard, so a request without a place comes too late.
+// The message loop handles the menu keys. A request without a place is a second one for the same
+// key.
 void BrowserWindow::OpenContextMenu(int x, int y, ItemHandle item) {
   if (item != -1 && (x != -1 || y != -1)) ShowMenu({x, y});
 }
@@ -76,6 +77,8 @@ bool BrowserWindow::AnswerLabelEdit(const qvl::LabelEdit& edit) {
   if (!edit.text) return false;
   const std::wstring failure = browser.Rename(edit.item, edit.text);
   if (!failure.empty()) ShowNotice(L"Not renamed: " + failure);
+  latest.reset();  // it has the old name
+  watch.ReadSoon();
   return failure.empty();
 }
 

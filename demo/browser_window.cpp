@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
+#include <utility>
 
 #include "options.h"
 #include "progress_window.h"
@@ -16,6 +16,8 @@ constexpr int kGap = 6;
 constexpr UINT kDirectoryRead = WM_APP + 1;
 constexpr UINT_PTR kLogTimer = 1;
 constexpr UINT kLogPeriod = 50;  // milliseconds
+constexpr UINT_PTR kFollowTimer = 2;
+constexpr UINT kFollowPeriod = 200;  // milliseconds
 
 int Gap() { return Scaled(kGap); }
 
@@ -107,8 +109,8 @@ LRESULT BrowserWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
       HandleTimer(wParam);
       return 0;
     case kDirectoryRead:
-      browser.Follow(
-          std::move(*std::unique_ptr<DirectoryModel>(reinterpret_cast<DirectoryModel*>(lParam))));
+      latest.reset(reinterpret_cast<DirectoryModel*>(lParam));
+      FollowDisk();
       return 0;
     case WM_DESTROY:
       PostQuitMessage(0);
@@ -131,11 +133,24 @@ void BrowserWindow::RequestLogRefresh() {
 }
 
 void BrowserWindow::HandleTimer(WPARAM timer) {
-  if (timer != kLogTimer) return;
-  KillTimer(Window(), kLogTimer);
-  isRefreshPending = false;
-  log.Flush();
-  logPane.Refresh();
+  KillTimer(Window(), timer);
+  if (timer == kFollowTimer) {
+    FollowDisk();
+  } else if (timer == kLogTimer) {
+    isRefreshPending = false;
+    log.Flush();
+    logPane.Refresh();
+  }
+}
+
+// While the user edits a label, the items keep their places.
+void BrowserWindow::FollowDisk() {
+  if (IsEditingLabel()) {
+    SetTimer(Window(), kFollowTimer, kFollowPeriod, nullptr);
+  } else if (latest) {
+    browser.Follow(std::move(*latest));
+    latest.reset();
+  }
 }
 
 RECT BrowserWindow::ViewArea() const {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <memory>
 #include <string>
 
 #include "browser_view.h"
@@ -52,6 +53,7 @@ class BrowserWindow final : public WindowBase, private IReactions {
   LRESULT Receive(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT HandleNotify(NMHDR* record);
   void HandleTimer(WPARAM timer);
+  void FollowDisk();
   bool CreateParts();
   bool OpenView(bool asList);
   void Arrange();
@@ -77,6 +79,7 @@ class BrowserWindow final : public WindowBase, private IReactions {
   Splitter splitter;
   StatusLine status;
   DirectoryWatch watch;
+  std::unique_ptr<DirectoryModel> latest;  // a reading that the view does not show yet
   HWND logTitle = nullptr;
   HACCEL keys = nullptr;
   double viewShare = 0.55;  // of the width

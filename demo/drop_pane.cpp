@@ -26,6 +26,16 @@ std::vector<std::wstring> NamesOf(IDataObject& data) {
   return names;
 }
 
+int TextWidth(const std::wstring& text) {
+  const HDC screen = GetDC(nullptr);
+  const HGDIOBJ former = SelectObject(screen, MessageFont());
+  SIZE size{};
+  GetTextExtentPoint32W(screen, text.c_str(), static_cast<int>(text.size()), &size);
+  SelectObject(screen, former);
+  ReleaseDC(nullptr, screen);
+  return static_cast<int>(size.cx);
+}
+
 }  // namespace
 
 std::vector<std::wstring> FileNames(HDROP drop) {
@@ -49,7 +59,8 @@ bool DropPane::Create(HWND parent) {
   plan.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
   plan.parent = parent;
   if (!CreateFrom(plan)) return false;
-  const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL;
+  const DWORD style =
+      WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL;
   names = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"", style, 0, 0, 0, 0, Window(), nullptr,
                           GetModuleHandleW(nullptr), nullptr);
   UseMessageFont(names);
@@ -102,9 +113,12 @@ void DropPane::Paint() {
 
 void DropPane::ShowNames() {
   SendMessageW(names, LB_RESETCONTENT, 0, 0);
+  int widest = 0;
   for (const std::wstring& name : dropped) {
     SendMessageW(names, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    widest = std::max(widest, TextWidth(name));
   }
+  SendMessageW(names, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + Scaled(6)), 0);
   InvalidateRect(Window(), nullptr, TRUE);
 }
 

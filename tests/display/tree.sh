@@ -124,7 +124,7 @@ after "right click on files of two folders" $'sub/inner.txt\nq.txt' \
   "OnContextMenu q.txt on item+label" "OnShellContextMenu sub/inner.txt, q.txt"
 ask status
 grep -qF "No menu: the selected files are in different folders" <<<"$answer" ||
-  fail "the status line says $answer"
+  fail "the status line is: $answer"
 
 # The menu keys leave the selection as it is.
 click label q.txt
