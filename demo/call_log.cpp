@@ -1,21 +1,29 @@
 #include "call_log.h"
 
-#include "platform.h"
-
 namespace demo {
+namespace {
 
-bool CallLog::WriteTo(const std::filesystem::path& file) {
-  output.reset(file == "-" ? stdout : OpenForWriting(file));
+constexpr std::size_t kBufferSize = 64 * 1024;
+
+}  // namespace
+
+bool CallLog::WriteTo(const std::wstring& file) {
+  output.reset(file == L"-" ? stdout : _wfopen(file.c_str(), L"wb"));
+  if (output) std::setvbuf(output.get(), nullptr, _IOFBF, kBufferSize);
   return output != nullptr;
 }
 
 void CallLog::Add(const std::string& text, int depth) {
   lines.push_back({text, depth});
   if (output) {
-    std::fprintf(output.get(), "%s\n", text.c_str());
-    std::fflush(output.get());
+    std::fputs(text.c_str(), output.get());
+    std::fputc('\n', output.get());
   }
   for (const auto& listener : listeners) listener();
+}
+
+void CallLog::Flush() {
+  if (output) std::fflush(output.get());
 }
 
 }  // namespace demo

@@ -1,10 +1,8 @@
-// What the client was called for, line by line, for the pane, a file or a test.
-#ifndef DEMO_CALL_LOG_H
-#define DEMO_CALL_LOG_H
+// What the client is called for, line by line, for the pane, a file or a test.
+#pragma once
 
 #include <cstddef>
 #include <cstdio>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -20,22 +18,30 @@ struct LogLine {
 
 class CallLog {
  public:
-  // Writes every further line to that file too, or with "-" to the standard output. False if the
-  // file can't be made.
-  bool WriteTo(const std::filesystem::path& file);
+  // Also writes every further line to that file, or with "-" to the standard output. False if the
+  // file cannot be made.
+  bool WriteTo(const std::wstring& file);
 
   void Add(const std::string& text, int depth = 0);
 
+  // Brings what is written so far to the file. Lines are collected until then, because a write for
+  // each line would slow down a change of many items.
+  void Flush();
+
   const std::vector<LogLine>& Lines() const { return lines; }
 
-  // Called after each new line, until the log ends or forgets its listeners.
+  // Calls `listener` after each new line until ForgetListeners.
   void AddListener(std::function<void()> listener) { listeners.push_back(std::move(listener)); }
   void ForgetListeners() { listeners.clear(); }
 
  private:
   struct CloseFile {
     void operator()(std::FILE* file) const {
-      if (file != stdout) std::fclose(file);
+      if (file == stdout) {
+        std::fflush(file);
+      } else {
+        std::fclose(file);
+      }
     }
   };
 
@@ -45,5 +51,3 @@ class CallLog {
 };
 
 }  // namespace demo
-
-#endif

@@ -1,10 +1,10 @@
 #include "demo_client.h"
 
 #include <array>
-#include <filesystem>
-#include <system_error>
 
 #include "entry_text.h"
+#include "paths.h"
+#include "text.h"
 
 namespace demo {
 namespace {
@@ -14,7 +14,7 @@ struct FlagName {
   const char* name;
 };
 
-constexpr std::array<FlagName, 12> HIT_FLAGS{{
+constexpr std::array<FlagName, 12> kHitFlags{{
     {QVLHT_ABOVE, "above"},
     {QVLHT_BELOW, "below"},
     {QVLHT_NOWHERE, "nowhere"},
@@ -31,7 +31,7 @@ constexpr std::array<FlagName, 12> HIT_FLAGS{{
 
 std::string HitText(std::uint32_t flags) {
   std::string text;
-  for (const FlagName& known : HIT_FLAGS) {
+  for (const FlagName& known : kHitFlags) {
     if ((flags & known.flag) == 0) continue;
     if (!text.empty()) text += '+';
     text += known.name;
@@ -39,31 +39,21 @@ std::string HitText(std::uint32_t flags) {
   return text.empty() ? "nothing" : text;
 }
 
-// Why the shell's menu may not be shown for these files; empty if it may. The menu belongs to the
-// folder of the first file, so its commands would change the wrong files of another folder.
-WideText MenuObstacle(const FileNameList& files) {
-  const std::filesystem::path folder = std::filesystem::path(files.front()).parent_path();
-  for (const std::filesystem::path file : files) {
-    if (file.parent_path() != folder) return TEXT("the selected files are in different folders");
-    std::error_code failure;
-    if (!std::filesystem::exists(file, failure)) {
-      return WidePath(file.filename()) + TEXT(" is no longer there");
-    }
+// Why the shell's menu cannot be shown for these files; empty if it can.
+std::wstring MenuObstacle(const FileNameList& files) {
+  if (!qvl::AreInOneFolder(files)) return L"the selected files are in different folders";
+  for (const std::wstring& file : files) {
+    if (file.size() >= MAX_PATH) return L"the path of " + FileName(file) + L" is too long";
   }
-  return {};
-}
-
-bool IsBeginOfEdit(std::uint32_t code) {
-  return code == TVN_BEGINLABELEDITW || code == LVN_BEGINLABELEDITW;
+  const std::wstring* missing = qvl::FirstMissingFile(files);
+  return missing ? FileName(*missing) + L" does not exist any more" : L"";
 }
 
 }  // namespace
 
-std::optional<std::size_t> EntryOf(IQVLTreeView& view, ItemHandle item) {
-  if (item == -1) return std::nullopt;
-  const std::int64_t value = view.GetItemClientPtr(item);
-  if (value <= 0) return std::nullopt;
-  return static_cast<std::size_t>(value - 1);
+std::optional<EntryIndex> EntryOf(IQVLTreeView& view, ItemHandle item) {
+  const std::int64_t value = item == -1 ? 0 : view.GetItemClientPtr(item);
+  return value > 0 ? std::optional(EntryOfValue(value)) : std::nullopt;
 }
 
 void DemoClient::Note(const std::string& call) { log.Add(call, depth); }
@@ -77,7 +67,7 @@ void DemoClient::OnContextMenu(IQVLTreeView* view, int x, int y, ItemHandle item
                                std::uint32_t hitFlags) {
   Note("OnContextMenu " + NameOf(*view, item) + " on " + HitText(hitFlags) + " at " +
        std::to_string(x) + "," + std::to_string(y));
-  if (desk) desk->OpenContextMenu(x, y, item);
+  if (reactions) reactions->OpenContextMenu(x, y, item);
 }
 
 bool DemoClient::OnGetInfoTip(IQVLTreeView* view, ItemHandle item, WCHAR** text, int* length,
@@ -85,7 +75,7 @@ bool DemoClient::OnGetInfoTip(IQVLTreeView* view, ItemHandle item, WCHAR** text,
   Note("OnGetInfoTip " + NameOf(*view, item) + " on " + HitText(hitFlags));
   const auto entry = EntryOf(*view, item);
   if (!entry) return false;
-  tip = TipText(model.At(*entry));
+  tip = TipText(model, *entry);
   *text = tip.data();
   *length = static_cast<int>(tip.size());
   return true;
@@ -97,7 +87,7 @@ bool DemoClient::CollectFiles(IQVLTreeView& view, const ItemHandleList& items, F
   for (const ItemHandle item : items) {
     const auto entry = EntryOf(view, item);
     if (!entry) continue;
-    files.push_back(WidePath(model.At(*entry).path));
+    files.push_back(model.PathOf(*entry));
     call += separator + model.RelativeName(*entry);
     separator = ", ";
   }
@@ -109,27 +99,28 @@ bool DemoClient::OnBeginDrag(IQVLTreeView* view, ItemHandleList* items, FileName
   return CollectFiles(*view, *items, *files, "OnBeginDrag");
 }
 
-bool DemoClient::OnCreateColumns(IQVLTreeView*, HWND listWindow, RECT* clientRect) {
+bool DemoClient::OnCreateColumns(IQVLTreeView*, HWND listWindow, RECT*) {
   Note("OnCreateColumns");
-  if (desk) desk->MakeColumns(listWindow, *clientRect);
-  return desk != nullptr;
+  if (reactions) reactions->MakeColumns(listWindow);
+  return reactions != nullptr;
 }
 
 bool DemoClient::OnShellContextMenu(IQVLTreeView* view, ItemHandleList* items,
                                     FileNameList* files) {
   if (!CollectFiles(*view, *items, *files, "OnShellContextMenu")) return false;
-  const WideText obstacle = MenuObstacle(*files);
+  const std::wstring obstacle = MenuObstacle(*files);
   if (obstacle.empty()) return true;
-  if (desk) desk->ShowNotice(TEXT("No menu: ") + obstacle);
+  if (reactions) reactions->ShowNotice(L"No menu: " + obstacle);
   return false;
 }
 
 bool DemoClient::OnLabelEdit(IQVLTreeView*, NMHDR* record, std::uint32_t code) {
-  const bool begins = IsBeginOfEdit(code);
-  const bool answer = desk ? desk->AnswerLabelEdit(record, code) : begins;
-  const char* outcome = begins ? (answer ? "refused" : "allowed") : (answer ? "taken" : "left");
-  Note(std::string("OnLabelEdit ") + (begins ? "begins, " : "ends, ") + outcome);
-  return answer;
+  const qvl::LabelEdit edit = qvl::ReadLabelEdit(record, code);
+  const bool result = reactions ? reactions->AnswerLabelEdit(edit) : edit.begins;
+  const char* outcome =
+      edit.begins ? (result ? "cancelled" : "allowed") : (result ? "accepted" : "not accepted");
+  Note(std::string("OnLabelEdit ") + (edit.begins ? "begins, " : "ends, ") + outcome);
+  return result;
 }
 
 void DemoClient::OnBeginSelectionChange(IQVLTreeView*) {
@@ -148,7 +139,7 @@ void DemoClient::OnEndSelectionChange(IQVLTreeView*) {
 
 void DemoClient::OnColumnClick(IQVLTreeView*, int column) {
   Note("OnColumnClick " + std::to_string(column));
-  if (desk) desk->SortBy(static_cast<Column>(column));
+  if (reactions) reactions->SortBy(static_cast<Column>(column));
 }
 
 void DemoClient::OnItemExpanded(IQVLTreeView* view, ItemHandle item) {

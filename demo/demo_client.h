@@ -1,49 +1,48 @@
-// The callback object: writes every call down and answers from the directory's model.
-#ifndef DEMO_DEMO_CLIENT_H
-#define DEMO_DEMO_CLIENT_H
+// The callback object: logs every callback and answers from the model.
+#pragma once
 
 #include <optional>
 #include <string>
 
 #include "call_log.h"
 #include "directory_model.h"
-#include "qvl.h"
-#include "text.h"
+#include "qvl_host.h"
 
 namespace demo {
 
-// What only a host with a window can do about a call.
-class IDesk {
+// The reactions that need the demo's window.
+class IReactions {
  public:
-  // A context menu is wanted at that place of the screen; (-1, -1) from the keyboard.
+  // The user asks for a context menu at that place of the screen; `item` is -1 for none.
   virtual void OpenContextMenu(int x, int y, ItemHandle item) = 0;
 
   // Makes the columns of a list.
-  virtual void MakeColumns(HWND listWindow, const RECT& clientRect) = 0;
+  virtual void MakeColumns(HWND listWindow) = 0;
 
-  // Answers a label edit, with the meaning of OnLabelEdit.
-  virtual bool AnswerLabelEdit(NMHDR* record, std::uint32_t code) = 0;
+  // Answers a label edit, with the result of OnLabelEdit.
+  virtual bool AnswerLabelEdit(const qvl::LabelEdit& edit) = 0;
 
   virtual void SortBy(Column column) = 0;
 
-  // Tells the user something in a line of text.
-  virtual void ShowNotice(const WideText& text) = 0;
+  // Shows a text to the user.
+  virtual void ShowNotice(const std::wstring& text) = 0;
 
  protected:
-  ~IDesk() = default;
+  ~IReactions() = default;
 };
 
-// Client values of items are entry numbers from 1, so that 0 means no entry.
-inline std::int64_t ClientValue(std::size_t entry) { return static_cast<std::int64_t>(entry) + 1; }
+// Client values of items are entry indexes plus 1, so that 0 means no entry.
+inline std::int64_t ClientValue(EntryIndex entry) { return static_cast<std::int64_t>(entry) + 1; }
+inline EntryIndex EntryOfValue(std::int64_t value) { return static_cast<EntryIndex>(value - 1); }
 
-// The entry behind an item, nothing for no item.
-std::optional<std::size_t> EntryOf(IQVLTreeView& view, ItemHandle item);
+// The entry of an item, nothing for no item.
+std::optional<EntryIndex> EntryOf(IQVLTreeView& view, ItemHandle item);
 
 class DemoClient final : public IQVLTreeViewClient {
  public:
-  // Without a desk the calls are only written down. All three outlive the client.
-  DemoClient(const DirectoryModel& model, CallLog& log, IDesk* desk)
-      : model(model), log(log), desk(desk) {}
+  // Without reactions the callbacks are only logged. All three must outlive the client.
+  DemoClient(const DirectoryModel& shownModel, CallLog& callLog, IReactions* windowReactions)
+      : model(shownModel), log(callLog), reactions(windowReactions) {}
 
   void OnContextMenu(IQVLTreeView* view, int x, int y, ItemHandle item,
                      std::uint32_t hitFlags) override;
@@ -67,11 +66,9 @@ class DemoClient final : public IQVLTreeViewClient {
 
   const DirectoryModel& model;
   CallLog& log;
-  IDesk* desk;
-  WideText tip;  // outlives the tool tip that shows it
+  IReactions* reactions;
+  std::wstring tip;  // must outlive the tool tip that shows it
   int depth = 0;
 };
 
 }  // namespace demo
-
-#endif

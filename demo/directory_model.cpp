@@ -1,151 +1,193 @@
 #include "directory_model.h"
 
+#include <windows.h>
+
 #include <algorithm>
-#include <system_error>
+#include <unordered_map>
 #include <utility>
 
+#include "paths.h"
+#include "text.h"
+
 namespace demo {
-namespace fs = std::filesystem;
 namespace {
 
-// Names are compared without regard to case where case is plain.
-WCHAR Folded(WCHAR unit) {
-  return unit >= 'A' && unit <= 'Z' ? static_cast<WCHAR>(unit - 'A' + 'a') : unit;
+int CompareNames(const std::wstring& left, const std::wstring& right) {
+  const int order = CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE);
+  return order != CSTR_EQUAL ? order - CSTR_EQUAL : left.compare(right);
 }
 
-int CompareNames(const WideText& left, const WideText& right) {
-  const auto folded = [](WCHAR a, WCHAR b) { return Folded(a) < Folded(b); };
-  if (std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(), folded)) {
-    return -1;
-  }
-  if (std::lexicographical_compare(right.begin(), right.end(), left.begin(), left.end(), folded)) {
-    return 1;
-  }
-  return left.compare(right);
-}
-
-template <class Value>
-int Compare(const Value& left, const Value& right) {
-  return left < right ? -1 : (right < left ? 1 : 0);
-}
+int Compare(std::uint64_t left, std::uint64_t right) { return (left > right) - (left < right); }
 
 int CompareBy(Column column, const Entry& left, const Entry& right) {
   if (column == Column::Size) return Compare(left.size, right.size);
   if (column == Column::Modified) return Compare(left.modified, right.modified);
-  return CompareNames(left.name, right.name);
-}
-
-Entry MakeRoot(const fs::path& directory) {
-  Entry root;
-  std::error_code failure;
-  root.path = fs::absolute(directory, failure).lexically_normal();
-  if (!root.path.has_filename()) root.path = root.path.parent_path();
-  root.name = WidePath(root.path.has_filename() ? root.path.filename() : root.path);
-  root.directory = true;
-  root.modified = fs::last_write_time(root.path, failure);
-  return root;
+  return 0;
 }
 
 }  // namespace
 
-bool DirectoryModel::Read(const fs::path& directory, const Limits& limits,
-                          const Progress& progress) {
+void DirectoryModel::Reset(const std::wstring& directory) {
+  root = directory;
   entries.clear();
-  error.clear();
+  gone.clear();
+  unused.clear();
   cutShort = false;
-  std::error_code failure;
-  if (!fs::is_directory(directory, failure)) {
-    error = fs::exists(directory, failure) ? "is not a directory" : "does not exist";
-    return false;
-  }
-  entries.push_back(MakeRoot(directory));
-  std::vector<int> depths{0};
-  for (std::size_t index = 0; index < entries.size(); ++index) {
-    const bool tooDeep = depths[index] >= limits.depth;
-    if (entries[index].directory && tooDeep) cutShort = true;
-    if (!entries[index].directory || tooDeep) continue;
-    entries[index].readable = ReadChildren(index, limits);
-    if (index == 0 && !entries[0].readable) return false;
-    depths.resize(entries.size(), depths[index] + 1);
-    if (progress) progress(entries.size());
-  }
-  Sort(Column::Name, false);
-  return true;
-}
-
-bool DirectoryModel::ReadChildren(std::size_t index, const Limits& limits) {
-  std::error_code failure;
-  const fs::path folder = entries[index].path;
-  fs::directory_iterator found(folder, failure);
-  if (failure) {
-    error = "cannot be read: " + failure.message();
-    return false;
-  }
-  for (; !failure && found != fs::directory_iterator(); found.increment(failure)) {
-    if (entries.size() >= limits.entries) {
-      cutShort = true;
-      break;
-    }
-    const std::string name = PlainPath(found->path().filename());
-    const auto& skip = limits.skip;
-    if (std::find(skip.begin(), skip.end(), name) == skip.end()) Add(index, *found);
-  }
-  return true;
-}
-
-void DirectoryModel::Add(std::size_t parent, const fs::directory_entry& found) {
-  std::error_code failure;
   Entry entry;
-  entry.path = found.path();
-  entry.name = WidePath(found.path().filename());
-  entry.directory = found.is_directory(failure) && !found.is_symlink(failure);
-  if (!entry.directory && found.is_regular_file(failure)) {
-    const std::uintmax_t size = found.file_size(failure);
-    entry.size = failure ? 0 : size;
-  }
-  const fs::file_time_type modified = found.last_write_time(failure);
-  if (!failure) entry.modified = modified;
-  entry.parent = parent;
-  entries[parent].children.push_back(entries.size());
+  entry.name = FileName(directory);
+  entry.directory = true;
   entries.push_back(std::move(entry));
 }
 
-std::string DirectoryModel::RelativeName(std::size_t index) const {
-  return PlainPath(entries[index].path.lexically_relative(entries[0].path));
-}
-
-std::size_t DirectoryModel::Find(const std::string& relativeName) const {
-  std::size_t index = 0;
-  while (index < entries.size() && RelativeName(index) != relativeName) ++index;
+EntryIndex DirectoryModel::NewIndex() {
+  if (unused.empty()) {
+    entries.emplace_back();
+    return static_cast<EntryIndex>(entries.size() - 1);
+  }
+  const EntryIndex index = unused.back();
+  unused.pop_back();
   return index;
 }
 
-bool DirectoryModel::Precedes(std::size_t left, std::size_t right, Column column,
-                              bool descending) const {
-  const Entry& one = entries[left];
-  const Entry& other = entries[right];
-  if (one.directory != other.directory) return one.directory;
-  const int order = CompareBy(column, one, other);
-  if (order != 0) return descending ? order > 0 : order < 0;
-  return CompareNames(one.name, other.name) < 0;
+EntryIndex DirectoryModel::Add(EntryIndex parent, Entry entry) {
+  const EntryIndex index = NewIndex();
+  entry.parent = parent;
+  entries[index] = std::move(entry);
+  entries[parent].children.push_back(index);
+  return index;
+}
+
+Changes DirectoryModel::Merge(DirectoryModel&& fresh) {
+  Changes changes;
+  for (const EntryIndex index : gone) entries[index] = {};
+  unused.insert(unused.end(), gone.begin(), gone.end());
+  gone.clear();
+  cutShort = fresh.cutShort;
+  TakeValues(0, fresh.entries[0], changes);
+  pending.assign({{0, 0}});
+  while (!pending.empty()) {
+    const auto [index, freshIndex] = pending.back();
+    pending.pop_back();
+    MergeChildren(index, fresh, freshIndex, changes);
+    SortChildren(index);
+  }
+  changes.gone = gone;
+  return changes;
+}
+
+void DirectoryModel::MergeChildren(EntryIndex index, DirectoryModel& fresh, EntryIndex freshIndex,
+                                   Changes& changes) {
+  std::unordered_map<std::wstring, EntryIndex> former;
+  for (const EntryIndex child : entries[index].children) former[entries[child].name] = child;
+  entries[index].children.clear();
+  for (const EntryIndex freshChild : fresh.entries[freshIndex].children) {
+    Entry& found = fresh.entries[freshChild];
+    const auto known = former.find(found.name);
+    EntryIndex child = kNoEntry;
+    if (known != former.end() && entries[known->second].directory == found.directory) {
+      child = known->second;
+      former.erase(known);
+      entries[index].children.push_back(child);
+      TakeValues(child, found, changes);
+    } else {
+      Entry added = found;
+      added.children.clear();
+      child = Add(index, std::move(added));
+      changes.added.push_back(child);
+    }
+    if (found.directory) pending.emplace_back(child, freshChild);
+  }
+  for (const auto& [name, child] : former) Drop(child);
+}
+
+void DirectoryModel::TakeValues(EntryIndex index, const Entry& fresh, Changes& changes) {
+  Entry& entry = entries[index];
+  if (entry.size == fresh.size && entry.modified == fresh.modified &&
+      entry.readable == fresh.readable) {
+    return;
+  }
+  entry.size = fresh.size;
+  entry.modified = fresh.modified;
+  entry.readable = fresh.readable;
+  changes.updated.push_back(index);
+}
+
+void DirectoryModel::Drop(EntryIndex index) {
+  gone.push_back(index);
+  entries[index].readable = true;
+  for (const EntryIndex child : entries[index].children) Drop(child);
+}
+
+std::size_t DirectoryModel::UnreadableCount() const {
+  return static_cast<std::size_t>(
+      std::count_if(entries.begin(), entries.end(), [](const Entry& e) { return !e.readable; }));
+}
+
+std::wstring DirectoryModel::PathOf(EntryIndex index) const {
+  if (index == 0) return root;
+  return Join(PathOf(entries[index].parent), entries[index].name);
+}
+
+std::wstring DirectoryModel::LabelOf(EntryIndex index) const {
+  const Entry& entry = entries[index];
+  return entry.readable ? entry.name : entry.name + L" (cannot be read)";
+}
+
+std::string DirectoryModel::RelativeName(EntryIndex index) const {
+  if (index == 0) return ".";
+  const Entry& entry = entries[index];
+  const std::string name = Utf8(entry.name);
+  return entry.parent == 0 ? name : RelativeName(entry.parent) + "/" + name;
+}
+
+EntryIndex DirectoryModel::Find(std::string_view relativeName) const {
+  EntryIndex index = 0;
+  if (relativeName == ".") return index;
+  const std::wstring path = Wide(relativeName);
+  for (std::size_t start = 0; start <= path.size();) {
+    const std::size_t end = std::min(path.find(L'/', start), path.size());
+    const auto name = std::wstring_view(path).substr(start, end - start);
+    const auto& children = entries[index].children;
+    const auto found = std::find_if(children.begin(), children.end(),
+                                    [&](EntryIndex child) { return entries[child].name == name; });
+    if (found == children.end()) return kNoEntry;
+    index = *found;
+    start = end + 1;
+  }
+  return index;
+}
+
+bool DirectoryModel::Precedes(const Entry& left, const Entry& right) const {
+  if (left.directory != right.directory) return left.directory;
+  int order = CompareBy(sortedBy, left, right);
+  if (order == 0) order = CompareNames(left.name, right.name);
+  return sortedDown ? order > 0 : order < 0;
+}
+
+void DirectoryModel::SortChildren(EntryIndex index) {
+  auto& children = entries[index].children;
+  std::sort(children.begin(), children.end(), [this](EntryIndex left, EntryIndex right) {
+    return Precedes(entries[left], entries[right]);
+  });
 }
 
 void DirectoryModel::Sort(Column column, bool descending) {
-  for (Entry& entry : entries) {
-    std::sort(entry.children.begin(), entry.children.end(),
-              [this, column, descending](std::size_t left, std::size_t right) {
-                return Precedes(left, right, column, descending);
-              });
-  }
+  sortedBy = column;
+  sortedDown = descending;
+  for (std::size_t i = 0; i < entries.size(); ++i) SortChildren(static_cast<EntryIndex>(i));
 }
 
-void DirectoryModel::Rename(std::size_t index, const WideText& name) {
-  entries[index].name = name;
-  entries[index].path.replace_filename(fs::path(name));
-  for (std::size_t below = index + 1; below < entries.size(); ++below) {
-    Entry& entry = entries[below];
-    entry.path = entries[entry.parent].path / fs::path(entry.name);
+std::vector<EntryIndex> DirectoryModel::Ranks() const {
+  std::vector<EntryIndex> ranks(entries.size(), 0);
+  std::vector<EntryIndex> open{0};
+  for (EntryIndex rank = 0; !open.empty(); ++rank) {
+    const EntryIndex index = open.back();
+    open.pop_back();
+    ranks[index] = rank;
+    const auto& children = entries[index].children;
+    open.insert(open.end(), children.rbegin(), children.rend());
   }
+  return ranks;
 }
 
 }  // namespace demo

@@ -1,77 +1,103 @@
-// A directory with all below it, read from disk once.
-#ifndef DEMO_DIRECTORY_MODEL_H
-#define DEMO_DIRECTORY_MODEL_H
+// A directory with everything below it, as it was when it was last read.
+#pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
-#include <functional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
-
-#include "text.h"
 
 namespace demo {
 
+using EntryIndex = std::uint32_t;
+constexpr EntryIndex kNoEntry = UINT32_MAX;
+
 struct Entry {
-  std::filesystem::path path;
-  WideText name;
+  std::wstring name;
+  std::vector<EntryIndex> children;  // in the order of the view
+  std::uint64_t size = 0;            // bytes
+  std::uint64_t modified = 0;        // a FILETIME; 0 if unknown
+  EntryIndex parent = kNoEntry;
   bool directory = false;
   bool readable = true;
-  std::uintmax_t size = 0;
-  std::filesystem::file_time_type modified{};
-  std::size_t parent = 0;
-  std::vector<std::size_t> children;
-  bool ticked = false;
-  bool removed = false;  // taken out of the view by the user; the file stays
+  bool checked = false;
+  bool removed = false;  // the user removed it from the view; the file stays
 };
 
 enum class Column { Name = 0, Size = 1, Modified = 2 };
 
+// What Merge changed.
+struct Changes {
+  std::vector<EntryIndex> gone;     // parents before children; readable until the next Merge
+  std::vector<EntryIndex> added;    // parents before children
+  std::vector<EntryIndex> updated;  // with another size, time or readability
+
+  bool IsEmpty() const { return gone.empty() && added.empty() && updated.empty(); }
+};
+
 class DirectoryModel {
  public:
-  struct Limits {
-    std::vector<std::string> skip;  // names passed over
-    std::size_t entries = 200'000;  // reading stops here
-    int depth = 32;                 // a link that leads back up can't be told from a folder
-  };
-  using Progress = std::function<void(std::size_t entriesRead)>;
+  // A model with the directory alone, which is entry 0. `directory` is a full path.
+  void Reset(const std::wstring& directory);
 
-  // Reads `directory`. False if it is missing, no directory or can't be opened; then Error tells.
-  bool Read(const std::filesystem::path& directory, const Limits& limits, const Progress& progress);
+  // Adds an entry without children. `parent` is a directory.
+  EntryIndex Add(EntryIndex parent, Entry entry);
 
-  const std::string& Error() const { return error; }
+  // Takes over what differs in `fresh`, a later reading of the same directory. An entry that is in
+  // both keeps its index, box and removal. A later call uses the indexes of gone entries again.
+  Changes Merge(DirectoryModel&& fresh);
 
-  // Whether a limit cut the reading short.
+  // Number of entries.
+  std::size_t Count() const { return entries.size() - unused.size() - gone.size(); }
+
+  // All indexes are below this.
+  std::size_t IndexLimit() const { return entries.size(); }
+
+  const Entry& At(EntryIndex index) const { return entries[index]; }
+  Entry& At(EntryIndex index) { return entries[index]; }
+
+  // Number of directories that cannot be read.
+  std::size_t UnreadableCount() const;
+
+  // Whether a limit ended the reading early.
   bool IsCutShort() const { return cutShort; }
+  void SetCutShort() { cutShort = true; }
 
-  // Entry 0 is the directory itself. Parents stand before their children.
-  std::size_t Size() const { return entries.size(); }
-  const Entry& At(std::size_t index) const { return entries[index]; }
-  Entry& At(std::size_t index) { return entries[index]; }
+  std::wstring PathOf(EntryIndex index) const;
 
-  // Path of an entry below the directory, with forward slashes; "." for the directory.
-  std::string RelativeName(std::size_t index) const;
+  // What the view shows: the name, and whether the directory cannot be read.
+  std::wstring LabelOf(EntryIndex index) const;
 
-  // The entry of that relative name, or Size() if there is none.
-  std::size_t Find(const std::string& relativeName) const;
+  // Path below the directory, with forward slashes, in UTF-8; "." for the directory.
+  std::string RelativeName(EntryIndex index) const;
 
-  // Orders the children of every directory, directories first.
+  // The entry of that relative name, or kNoEntry.
+  EntryIndex Find(std::string_view relativeName) const;
+
+  // Puts the children of every directory into an order, directories first. Merge keeps it.
   void Sort(Column column, bool descending);
 
-  // Gives an entry a new name, and all below it the paths that follow from it.
-  void Rename(std::size_t index, const WideText& name);
+  // The place of each entry from top to bottom in a completely expanded view, by index.
+  std::vector<EntryIndex> Ranks() const;
 
  private:
-  bool ReadChildren(std::size_t index, const Limits& limits);
-  void Add(std::size_t parent, const std::filesystem::directory_entry& found);
-  bool Precedes(std::size_t left, std::size_t right, Column column, bool descending) const;
+  EntryIndex NewIndex();
+  void MergeChildren(EntryIndex index, DirectoryModel& fresh, EntryIndex freshIndex,
+                     Changes& changes);
+  void TakeValues(EntryIndex index, const Entry& fresh, Changes& changes);
+  void Drop(EntryIndex index);
+  void SortChildren(EntryIndex index);
+  bool Precedes(const Entry& left, const Entry& right) const;
 
+  std::wstring root;
   std::vector<Entry> entries;
-  std::string error;
+  std::vector<EntryIndex> gone;                            // by the last Merge
+  std::vector<EntryIndex> unused;                          // free indexes
+  std::vector<std::pair<EntryIndex, EntryIndex>> pending;  // directories that Merge has yet to see
+  Column sortedBy = Column::Name;
+  bool sortedDown = false;
   bool cutShort = false;
 };
 
 }  // namespace demo
-
-#endif

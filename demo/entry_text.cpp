@@ -1,38 +1,42 @@
 #include "entry_text.h"
 
+#include <windows.h>
+
 #include <array>
-#include <chrono>
-#include <ctime>
-#include <string>
+#include <cwchar>
 
 namespace demo {
 
-WideText SizeText(const Entry& entry) {
+std::wstring SizeText(const Entry& entry) {
   if (entry.directory) return {};
-  std::string digits = std::to_string(entry.size);
-  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, 1, ',');
-  return Wide(digits);
+  std::wstring digits = std::to_wstring(entry.size);
+  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, 1, L',');
+  return digits;
 }
 
-WideText TimeText(const Entry& entry) {
-  if (entry.modified == std::filesystem::file_time_type{}) return {};
-  const auto seconds =
-      std::chrono::floor<std::chrono::seconds>(std::chrono::file_clock::to_sys(entry.modified));
-  const std::time_t time = std::chrono::system_clock::to_time_t(seconds);
-  const std::tm* local = std::localtime(&time);
-  if (local == nullptr) return {};
-  std::array<char, 32> text{};
-  const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", local);
-  return Wide({text.data(), length});
+std::wstring TimeText(const Entry& entry) {
+  if (entry.modified == 0) return {};
+  const FILETIME utc{static_cast<DWORD>(entry.modified), static_cast<DWORD>(entry.modified >> 32)};
+  SYSTEMTIME utcTime{};
+  SYSTEMTIME local{};
+  if (!FileTimeToSystemTime(&utc, &utcTime) ||
+      !SystemTimeToTzSpecificLocalTime(nullptr, &utcTime, &local)) {
+    return {};
+  }
+  std::array<wchar_t, 24> text{};
+  std::swprintf(text.data(), text.size(), L"%04u-%02u-%02u %02u:%02u", local.wYear, local.wMonth,
+                local.wDay, local.wHour, local.wMinute);
+  return text.data();
 }
 
-WideText TipText(const Entry& entry) {
-  WideText text = WidePath(entry.path);
-  const WideText size = SizeText(entry);
-  const WideText time = TimeText(entry);
-  if (!size.empty()) text += Wide("\r\n") + size + Wide(" bytes");
-  if (!time.empty()) text += Wide("\r\nmodified ") + time;
-  if (!entry.readable) text += Wide("\r\ncannot be read");
+std::wstring TipText(const DirectoryModel& model, EntryIndex index) {
+  const Entry& entry = model.At(index);
+  std::wstring text = model.PathOf(index);
+  const std::wstring size = SizeText(entry);
+  const std::wstring time = TimeText(entry);
+  if (!size.empty()) text += L"\r\n" + size + L" bytes";
+  if (!time.empty()) text += L"\r\nmodified " + time;
+  if (!entry.readable) text += L"\r\ncannot be read";
   return text;
 }
 

@@ -1,21 +1,19 @@
 // How an entry's size and time are written.
-#ifndef DEMO_ENTRY_TEXT_H
-#define DEMO_ENTRY_TEXT_H
+#pragma once
+
+#include <string>
 
 #include "directory_model.h"
-#include "text.h"
 
 namespace demo {
 
 // "1,234", empty for a directory.
-WideText SizeText(const Entry& entry);
+std::wstring SizeText(const Entry& entry);
 
-// "2024-05-06 07:08" in local time.
-WideText TimeText(const Entry& entry);
+// "2024-05-06 07:08" in local time, empty if the time is unknown.
+std::wstring TimeText(const Entry& entry);
 
 // Path, size and time, a line each.
-WideText TipText(const Entry& entry);
+std::wstring TipText(const DirectoryModel& model, EntryIndex index);
 
 }  // namespace demo
-
-#endif

@@ -1,8 +1,6 @@
 // The command line.
-#ifndef DEMO_OPTIONS_H
-#define DEMO_OPTIONS_H
+#pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,19 +8,20 @@
 namespace demo {
 
 struct Options {
-  std::filesystem::path directory = ".";
-  std::filesystem::path logFile;  // empty: none, "-": standard output
-  std::vector<std::string> skip;  // names that are passed over while reading
-  bool outline = false;           // print what the view holds and end
-  bool list = false;              // begin with the list
-  bool channel = false;           // answer commands from the standard input
+  std::wstring directory = L".";
+  std::wstring logFile;            // empty: none, "-": standard output
+  std::vector<std::wstring> skip;  // names that are left out while reading
+  bool outline = false;            // print what the view holds and end
+  bool list = false;               // begin with the list
+  bool channel = false;            // answer commands from the standard input
 };
 
-// Nothing if the arguments are not understood.
-std::optional<Options> ParseOptions(const std::vector<std::filesystem::path>& arguments);
+// The arguments of this process without the program's name.
+std::vector<std::wstring> CommandLine();
 
-extern const char USAGE[];
+// Nothing if the arguments are not understood.
+std::optional<Options> ParseOptions(const std::vector<std::wstring>& arguments);
+
+extern const char kUsage[];
 
 }  // namespace demo
-
-#endif

@@ -1,111 +1,116 @@
 #include "view_filler.h"
 
-#include <vector>
-
 #include "demo_client.h"
 #include "entry_text.h"
 
 namespace demo {
-namespace {
 
-constexpr int LIST_TYPE = 2;
+void ViewFiller::UseShellIcons() { view.SetImageList(icons.ImageList()); }
 
-// One record serves all insertions; the view copies what it needs.
-class Filler {
- public:
-  Filler(IQVLTreeView& view, const DirectoryModel& model, const FillSteps& steps)
-      : view(view), model(model), steps(steps), isList(view.GetViewType() == LIST_TYPE) {}
-
-  void Run() {
-    const ItemHandle root = InsertBranch(0, -1);
-    if (!isList && root != -1) view.ExpandItem(root, true);
-  }
-
- private:
-  struct Pending {
-    std::size_t entry;
-    ItemHandle parent;
-  };
-
+void ViewFiller::Fill(const Progress& progress) {
+  items.assign(model.IndexLimit(), -1);
+  std::size_t done = 0;
   // Depth first, because the rows of a list follow each other.
-  ItemHandle InsertBranch(std::size_t first, ItemHandle parent) {
-    std::vector<Pending> pending{{first, parent}};
-    ItemHandle firstItem = -1;
-    while (!pending.empty()) {
-      const Pending next = pending.back();
-      pending.pop_back();
-      const Entry& entry = model.At(next.entry);
-      if (entry.removed) continue;
-      const ItemHandle item = Insert(next.entry, next.parent);
-      if (item == -1) continue;
-      if (next.entry == first) firstItem = item;
-      for (auto child = entry.children.rbegin(); child != entry.children.rend(); ++child) {
-        pending.push_back({*child, item});
-      }
-    }
-    return firstItem;
+  std::vector<EntryIndex> open{0};
+  while (!open.empty()) {
+    const EntryIndex entry = open.back();
+    open.pop_back();
+    Insert(entry);
+    if (progress) progress(++done);
+    if (ItemOf(entry) == -1) continue;
+    const auto& children = model.At(entry).children;
+    open.insert(open.end(), children.rbegin(), children.rend());
   }
+  if (!qvl::IsList(view) && ItemOf(0) != -1) view.ExpandItem(ItemOf(0), true);
+}
 
-  ItemHandle Insert(std::size_t index, ItemHandle parent) {
-    const Entry& entry = model.At(index);
-    const WideText path = WidePath(entry.path);
-    record.SetSubItem(0);
-    record.SetType(1);
-    record.SetItemName(entry.name.c_str());
-    record.SetFileName(path.c_str());
-    record.SetChecked(entry.ticked);
-    record.SetClientPtr(ClientValue(index));
-    const ItemHandle item = view.InsertItem(&record, parent);
-    if (item == -1) return item;
-    if (isList) InsertCells(entry, item);
-    if (steps.decorate) steps.decorate(item, entry);
-    ++done;
-    if (steps.progress) steps.progress(done);
-    return item;
-  }
+ItemHandle ViewFiller::ItemOf(EntryIndex entry) const {
+  return entry < items.size() ? items[entry] : -1;
+}
 
-  void InsertCells(const Entry& entry, ItemHandle row) {
-    InsertCell(Column::Size, SizeText(entry), row);
-    InsertCell(Column::Modified, TimeText(entry), row);
-  }
+int ViewFiller::DepthOf(EntryIndex entry) const {
+  int depth = 0;
+  for (; entry != 0; entry = model.At(entry).parent) ++depth;
+  return depth;
+}
 
-  void InsertCell(Column column, const WideText& text, ItemHandle row) {
+void ViewFiller::FillRecord(EntryIndex index) {
+  const Entry& entry = model.At(index);
+  record.SetSubItem(0);
+  record.SetItemName(model.LabelOf(index).c_str());
+  record.SetImageIndex(entry.directory ? icons.Folder() : icons.File(entry.name));
+  record.SetChecked(entry.checked);
+  record.SetClientPtr(ClientValue(index));
+}
+
+void ViewFiller::Insert(EntryIndex index) {
+  const Entry& entry = model.At(index);
+  const ItemHandle parent = index == 0 ? -1 : ItemOf(entry.parent);
+  if (entry.removed || (index != 0 && parent == -1)) return;
+  FillRecord(index);
+  const bool isList = qvl::IsList(view);
+  // With the parent's row the view would ask the control for that row's depth.
+  if (isList) record.SetIndentOffset(DepthOf(index));
+  const ItemHandle item = view.InsertItem(&record, isList ? -1 : parent);
+  if (items.size() <= index) items.resize(index + 1, -1);
+  items[index] = item;
+  if (isList && item != -1) SetCells(index, item);
+}
+
+void ViewFiller::Update(EntryIndex index) {
+  const ItemHandle item = ItemOf(index);
+  if (item == -1) return;
+  FillRecord(index);
+  record.SetChecked(false);  // leaves the box as it is
+  view.UpdateItem(&record, item);
+  if (qvl::IsList(view)) SetCells(index, item);
+}
+
+void ViewFiller::SetCells(EntryIndex index, ItemHandle row) {
+  const Entry& entry = model.At(index);
+  record.SetChecked(false);
+  const auto set = [this, row](Column column, const std::wstring& text) {
+    if (text.empty()) return;
     record.SetSubItem(static_cast<int>(column));
     record.SetItemName(text.c_str());
     view.InsertItem(&record, row);
+  };
+  set(Column::Size, SizeText(entry));
+  set(Column::Modified, TimeText(entry));
+}
+
+void ViewFiller::FindRows() {
+  if (!qvl::IsList(view)) return;
+  items.assign(model.IndexLimit(), -1);
+  for (const ItemHandle row : qvl::VisibleItems(view)) {
+    if (const auto entry = EntryOf(view, row)) items[*entry] = row;
   }
-
-  IQVLTreeView& view;
-  const DirectoryModel& model;
-  const FillSteps& steps;
-  const bool isList;
-  QVLTreeViewItem record;
-  std::size_t done = 0;
-};
-
-}  // namespace
-
-RedrawPause::RedrawPause(IQVLTreeView& view) : view(view) {
-  SendMessageW(view.GetControlWindow(), WM_SETREDRAW, FALSE, 0);
 }
 
-RedrawPause::~RedrawPause() {
-  SendMessageW(view.GetControlWindow(), WM_SETREDRAW, TRUE, 0);
-  view.Redraw();
+bool ViewFiller::Delete(EntryIndex entry) {
+  const ItemHandle item = ItemOf(entry);
+  if (item == -1 || !view.DeleteItem(item)) return false;
+  if (qvl::IsList(view)) {
+    items[entry] = -1;
+  } else {
+    ForgetBranch(entry);
+  }
+  return true;
 }
 
-void FillView(IQVLTreeView& view, const DirectoryModel& model, const FillSteps& steps) {
-  const RedrawPause pause(view);
-  view.DeleteAllItems();
-  Filler(view, model, steps).Run();
+// A tree deletes an item with all below it.
+void ViewFiller::ForgetBranch(EntryIndex entry) {
+  if (ItemOf(entry) == -1) return;
+  items[entry] = -1;
+  for (const EntryIndex child : model.At(entry).children) ForgetBranch(child);
 }
 
-void TickFirstFiles(DirectoryModel& model, int count) {
-  for (const std::size_t child : model.At(0).children) {
+void CheckFirstFiles(DirectoryModel& model, int count) {
+  for (const EntryIndex child : model.At(0).children) {
     Entry& entry = model.At(child);
     if (count <= 0) return;
     if (entry.directory) continue;
-    entry.ticked = true;
+    entry.checked = true;
     --count;
   }
 }

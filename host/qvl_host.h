@@ -12,9 +12,12 @@
 #include <shellapi.h>
 
 #include <cstring>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -76,14 +79,15 @@ LRESULT SendRecord(IQVLTreeView& view, UINT message, WPARAM wParam, Record& reco
 
 /// Suspends the control's drawing while the object exists, and redraws the control once at the end.
 /// Guards of one control nest: only the outermost one has an effect. A hidden control is left
-/// alone. Do not hide the control inside the guard.
+/// alone; one in a hidden window is not. Do not hide the control inside the guard.
 class DrawingPause {
  public:
   /// Suspends the drawing of the view's control.
   explicit DrawingPause(IQVLTreeView& view) : DrawingPause(view.GetControlWindow()) {}
   /// Suspends the drawing of a control.
   explicit DrawingPause(HWND pausedControl) {
-    if (!IsWindowVisible(pausedControl) || GetPropW(pausedControl, kProperty)) return;
+    const LONG_PTR style = GetWindowLongPtrW(pausedControl, GWL_STYLE);
+    if (!(style & WS_VISIBLE) || GetPropW(pausedControl, kProperty)) return;
     control = pausedControl;
     SetPropW(control, kProperty, control);
     SendMessageW(control, WM_SETREDRAW, FALSE, 0);
@@ -281,6 +285,29 @@ inline void InsertColumns(HWND list, std::span<const Column> columns) {
   }
 }
 
+/// Gives `column`, which counts from 0, the width that the other columns leave of the control's
+/// client area, but at least `minimum` pixels, so that the columns fill it exactly. Call it when
+/// the size of the list changes, and after filling, because a scroll bar takes a part of the area. A
+/// DrawingPause must have ended: the control adds the scroll bar when it draws again.
+inline void FitColumn(IQVLTreeView& list, int column, int minimum) {
+  const HWND control = list.GetControlWindow();
+  const auto header = reinterpret_cast<HWND>(SendMessageW(control, LVM_GETHEADER, 0, 0));
+  const auto count = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+  RECT area{};
+  GetClientRect(control, &area);
+  int rest = static_cast<int>(area.right);
+  for (int index = 0; index < count; ++index) {
+    const auto place = static_cast<WPARAM>(index);
+    if (index != column) {
+      rest -= static_cast<int>(SendMessageW(control, LVM_GETCOLUMNWIDTH, place, 0));
+    }
+  }
+  const int width = rest > minimum ? rest : minimum;
+  const auto place = static_cast<WPARAM>(column);
+  if (SendMessageW(control, LVM_GETCOLUMNWIDTH, place, 0) == width) return;
+  SendMessageW(control, LVM_SETCOLUMNWIDTH, place, width);
+}
+
 /// Shows the sort arrow in the title of `column`, which counts from 0, and removes it from all
 /// others. -1 removes it everywhere. Version 6 of the common controls draws it.
 inline void ShowSortArrow(IQVLTreeView& list, int column, bool descending) {
@@ -297,6 +324,17 @@ inline void ShowSortArrow(IQVLTreeView& list, int column, bool descending) {
     SendMessageW(header, HDM_SETITEMW, place, reinterpret_cast<LPARAM>(&item));
   }
 }
+/// \}
+
+/// \name Order and scrolling
+/// \{
+
+/// Compares two client values for SortRows and SortChildren.
+template <class Less>
+int CALLBACK CompareClientValues(LPARAM a, LPARAM b, LPARAM context) {
+  const Less& isLess = *reinterpret_cast<const Less*>(context);
+  return isLess(a, b) ? -1 : isLess(b, a) ? 1 : 0;
+}
 
 /// Sorts the rows of a list by their client values. `less(a, b)` tells whether the row with client
 /// value a comes before the row with client value b; it must not throw or change the view. Texts,
@@ -304,18 +342,95 @@ inline void ShowSortArrow(IQVLTreeView& list, int column, bool descending) {
 /// Uses LVM_SORTITEMS, which makes no callbacks. Rows for which neither is less may change places.
 template <class Less>
 void SortRows(IQVLTreeView& list, Less less) {
-  const auto compare = [](LPARAM a, LPARAM b, LPARAM context) -> int {
-    const Less& isLess = *reinterpret_cast<const Less*>(context);
-    return isLess(a, b) ? -1 : isLess(b, a) ? 1 : 0;
-  };
-  int(CALLBACK * function)(LPARAM, LPARAM, LPARAM) = compare;
+  int(CALLBACK * compare)(LPARAM, LPARAM, LPARAM) = CompareClientValues<Less>;
   SendMessageW(list.GetControlWindow(), LVM_SORTITEMS, reinterpret_cast<WPARAM>(&less),
-               reinterpret_cast<LPARAM>(function));
+               reinterpret_cast<LPARAM>(compare));
+}
+
+/// Sorts the children of a tree's item by their client values, but not their own children. `parent`
+/// 0 is the root. `less` is that of SortRows. Handles, boxes, selection and expansion stay. Makes
+/// no callbacks.
+template <class Less>
+void SortChildren(IQVLTreeView& tree, ItemHandle parent, Less less) {
+  TVSORTCB sort{};
+  sort.hParent = parent == 0 ? TVI_ROOT : NativeItem(parent);
+  sort.lpfnCompare = CompareClientValues<Less>;
+  sort.lParam = reinterpret_cast<LPARAM>(&less);
+  SendRecord(tree, TVM_SORTCHILDRENCB, 0, sort);
+}
+
+/// \return The item at the top of the scrolled view; -1 if there is none.
+inline ItemHandle TopItem(IQVLTreeView& view) {
+  const HWND control = view.GetControlWindow();
+  if (IsList(view)) {
+    const LRESULT count = SendMessageW(control, LVM_GETITEMCOUNT, 0, 0);
+    return count == 0 ? -1 : SendMessageW(control, LVM_GETTOPINDEX, 0, 0);
+  }
+  const LRESULT top = SendMessageW(control, TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0);
+  return top ? top : -1;
+}
+
+/// Scrolls so that the visible item is at the top, or as near to it as the number of items allows.
+/// With TopItem a host keeps the place of the view while it changes items.
+inline void ScrollToTop(IQVLTreeView& view, ItemHandle item) {
+  const HWND control = view.GetControlWindow();
+  if (!IsList(view)) {
+    SendMessageW(control, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, item);
+    return;
+  }
+  const auto row = ItemRect(view, item, true);
+  const auto top = ItemRect(view, TopItem(view), true);
+  if (row && top) SendMessageW(control, LVM_SCROLL, 0, row->top - top->top);
 }
 /// \}
 
 /// \name Files
 /// \{
+
+/// The shell's small icons, for a view with SetImageList instead of UseSystemImageList: it asks the
+/// shell once for each file name extension, and folders have the icon of a folder. The shell owns
+/// the image list. Neither control frees it.
+class ShellIcons {
+ public:
+  /// \return The shell's image list for SetImageList; null if the shell has no icons.
+  HIMAGELIST ImageList() {
+    if (!images) folder = Ask(L"folder", FILE_ATTRIBUTE_DIRECTORY);
+    return images;
+  }
+
+  /// \return The image index of a folder for SetImageIndex.
+  int Folder() {
+    ImageList();
+    return folder;
+  }
+
+  /// \return The image index of a file with that name, for SetImageIndex. The file need not exist.
+  int File(std::basic_string_view<WCHAR> name) {
+    const std::size_t dot = name.rfind(L'.');
+    const auto extension = name.substr(dot == name.npos ? name.size() : dot);
+    const auto known = files.find(extension);
+    if (known != files.end()) return known->second;
+    std::basic_string<WCHAR> key(extension);
+    const int icon = Ask((L"file" + key).c_str(), FILE_ATTRIBUTE_NORMAL);
+    files.emplace(std::move(key), icon);
+    return icon;
+  }
+
+ private:
+  int Ask(const WCHAR* name, DWORD attributes) {
+    SHFILEINFOW info{};
+    const DWORD_PTR list =
+        SHGetFileInfoW(name, attributes, &info, sizeof info,
+                       SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES);
+    if (!list) return 0;
+    images = reinterpret_cast<HIMAGELIST>(list);
+    return info.iIcon;
+  }
+
+  HIMAGELIST images = nullptr;
+  int folder = 0;
+  std::map<std::basic_string<WCHAR>, int, std::less<>> files;
+};
 
 /// \return The index of the shell's folder icon, for ShowIcon; -1 if the shell has none. The shell
 /// finds icons by file name, so InsertItem shows a folder like a file. Call this before

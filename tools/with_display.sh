@@ -4,7 +4,7 @@
 # Runs a command with an X display and a Wine prefix of its own, and ends both afterwards. The
 # prefixes are in build/, one for each run at the same time; creating one takes some seconds, once.
 # A nested call only runs its command. With QVL_USE_DISPLAY set, the display is the user's own, which
-# has a window manager, and the prefix is one for that.
+# has a window manager, and the prefix is one for that. With QVL_THEME set, windows have a theme.
 set -euo pipefail
 
 if [ -n "${QVL_DISPLAY_READY:-}" ]; then
@@ -51,6 +51,7 @@ choose_prefix() {
   if [ -n "${QVL_USE_DISPLAY:-}" ]; then
     kind=wine-desktop
   fi
+  kind+=${QVL_THEME:+-theme}
   for slot in 1 2 3 4 5 6 7 8; do
     exec 9>"$root/build/$kind-$slot.lock"
     if flock -n 9; then
@@ -68,7 +69,7 @@ set_value() {
   "$WINE64" reg add "$1" /v "$2" /t REG_SZ /d "$3" /f 9>&- >/dev/null 2>&1
 }
 
-# A prefix is complete when its marker names the Wine that made it and its settings. There is no
+# A prefix is complete when its marker names the Wine that made it and its settings. Tests use no
 # theme, because windows without one look and measure the same everywhere. The virtual display has no
 # window manager; unless Wine knows that, it waits two seconds at every window.
 make_prefix() {
@@ -84,7 +85,9 @@ make_prefix() {
   mkdir -p "$WINEPREFIX"
   "$WINESERVER" -p 9>&-
   "$WINE64" wineboot -i 9>&- >/dev/null 2>&1
-  set_value 'HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager' ThemeActive 0
+  local theme=0
+  [ -z "${QVL_THEME:-}" ] || theme=1
+  set_value 'HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager' ThemeActive "$theme"
   if [ -z "${QVL_USE_DISPLAY:-}" ]; then
     set_value 'HKCU\Software\Wine\X11 Driver' Managed N
   fi

@@ -1,6 +1,6 @@
 #!/bin/bash
-# The tree by a real mouse and real keys: selection, the shell's menu of real files, and drags. After
-# each gesture the client has to have heard exactly these calls, and these items are selected.
+# The tree with a real mouse and real keys: selection, the shell's menu of real files, drags, changes
+# on disk, long paths. After each gesture the client must have got exactly these callbacks.
 set -euo pipefail
 
 session_name=tree
@@ -12,7 +12,7 @@ mkdir -p "$folder/sub"
 touch "$folder"/{p,q,r,"s t"}.txt "$folder/sub/inner.txt"
 root=$(windows_path "$folder")
 
-# after name selection call...: B and E are the two ends of a selection change, an item is a report.
+# after case selection callback...: B and E are the ends of a selection change, an item is a report.
 after() {
   local name=$1 selection=$2 call calls=''
   shift 2
@@ -31,12 +31,12 @@ after() {
 
 every=(. sub p.txt q.txt r.txt "s t.txt")
 
-# The shell's menu object says on its own trace that it was handed a menu message.
+# The trace of the shell's menu object shows the menu messages that it gets.
 export WINEDEBUG=-all,fixme+shell
 
 start_demo "$folder"
 settle
-expect_told "the first focus: caret" . caret
+expect_answer "the first focus: caret" . caret
 mark
 
 click label q.txt
@@ -56,7 +56,7 @@ after "ctrl click" $'p.txt\nr.txt' B p.txt p.txt r.txt E
 
 ctrl_click label r.txt
 after "ctrl click on a selected item" p.txt B r.txt r.txt p.txt E
-expect_told "ctrl click on a selected item: caret" r.txt caret
+expect_answer "ctrl click on a selected item: caret" r.txt caret
 
 click label q.txt
 mark
@@ -77,12 +77,12 @@ after "up" q.txt B q.txt r.txt E q.txt
 
 click button sub
 after "plus button" sub B q.txt none sub E "OnItemExpanded sub open"
-expect_told "plus button: visible items" \
+expect_answer "plus button: visible items" \
   $'.\nsub\nsub/inner.txt\np.txt\nq.txt\nr.txt\ns t.txt' rows
 
 click box p.txt
 after "box" p.txt B sub none p.txt E
-expect_told "box: ticked items" $'q.txt\nr.txt' ticked
+expect_answer "box: checked items" $'q.txt\nr.txt' checked
 
 click empty
 after "click on empty space" "" B p.txt E
@@ -92,12 +92,12 @@ settle
 after "right click on empty space" "" "OnContextMenu none on nothing"
 
 ask empty-clipboard
-expect_told "the clipboard at first" "" clipboard
+expect_answer "the clipboard at first" "" clipboard
 press - 3 label q.txt
 pick "&Copy"
 settle
 after "right click" q.txt B q.txt E "OnContextMenu q.txt on item+label" "OnShellContextMenu q.txt"
-expect_told "one file copied" "$root\\q.txt" clipboard
+expect_answer "one file copied" "$root\\q.txt" clipboard
 
 ctrl_click label s t.txt
 mark
@@ -106,13 +106,13 @@ pick "&Copy"
 settle
 after "right click on a selected item" $'q.txt\ns t.txt' \
   "OnContextMenu q.txt on item+label" "OnShellContextMenu q.txt, s t.txt"
-expect_told "two files copied" "$root\\q.txt"$'\n'"$root\\s t.txt" clipboard
+expect_answer "two files copied" "$root\\q.txt"$'\n'"$root\\s t.txt" clipboard
 
 press - 3 label p.txt
 leave_menu
 after "right click on an unselected item" p.txt B q.txt "s t.txt" p.txt E \
   "OnContextMenu p.txt on item+label" "OnShellContextMenu p.txt"
-expect_told "a menu that is left copies nothing" "$root\\q.txt"$'\n'"$root\\s t.txt" clipboard
+expect_answer "a closed menu copies nothing" "$root\\q.txt"$'\n'"$root\\s t.txt" clipboard
 
 # The shell's menu belongs to one folder.
 click label q.txt
@@ -124,7 +124,17 @@ after "right click on files of two folders" $'sub/inner.txt\nq.txt' \
   "OnContextMenu q.txt on item+label" "OnShellContextMenu sub/inner.txt, q.txt"
 ask status
 grep -qF "No menu: the selected files are in different folders" <<<"$answer" ||
-  fail "the status line says $answer"
+  fail "the status line is: $answer"
+
+# The menu keys leave the selection as it is.
+click label q.txt
+ctrl_click label s t.txt
+mark
+for menu_key in Menu shift+F10; do
+  xdotool key "$menu_key"
+  leave_menu
+  after "$menu_key" $'q.txt\ns t.txt' "OnShellContextMenu q.txt, s t.txt"
+done
 
 three_files="$root\\q.txt"$'\n'"$root\\r.txt"$'\n'"$root\\s t.txt"
 
@@ -142,9 +152,9 @@ no_second_drop() {
   settle
   ask log "$session_mark"
   case $answer in
-    *"files dropped"*) fail "$1: files were dropped all the same" ;;
+    *"files dropped"*) fail "$1: files were dropped" ;;
   esac
-  expect_told "$1: the drop pane still shows what it had" "$three_files" dropped
+  expect_answer "$1: the drop pane is unchanged" "$three_files" dropped
   expect_selection "$1" $'q.txt\nr.txt\ns t.txt'
 }
 
@@ -153,20 +163,56 @@ picture "over the drop pane"
 drop
 after "a drag" $'q.txt\nr.txt\ns t.txt' B B "s t.txt" E "OnBeginDrag q.txt, r.txt, s t.txt" \
   "s t.txt" r.txt E
-expect_told "a drag: names in the drop pane" "$three_files" dropped
+expect_answer "a drag: names in the drop pane" "$three_files" dropped
 
 select_two_and_drag_a_third
 xdotool key Escape
-await "they leave"
-no_second_drop "a drag that Escape ends"
+await "the drag leaves"
+no_second_drop "a drag ended by Escape"
 
 select_two_and_drag_a_third
 xdotool mousedown 3
-await "they leave"
+await "the drag leaves"
 xdotool mouseup 3
-no_second_drop "a drag that the right button ends"
+no_second_drop "a drag ended by the right button"
 
+# The caret and its neighbour are deleted. Selection, boxes and expansion of the others stay.
+rm "$folder/p.txt" "$folder/s t.txt"
+touch "$folder/oo.txt" "$folder/sub/deep.txt"
+await_answer "changes on disk" \
+  $'.\nsub\nsub/deep.txt\nsub/inner.txt\noo.txt\nq.txt\nr.txt' rows
+expect_selection "changes on disk" $'q.txt\nr.txt'
+expect_answer "changes on disk: checked items" $'q.txt\nr.txt' checked
+
+# A path that the system can list, and below it one that is too long for the system.
+make_deep_folder() {
+  local name level
+  name=$(printf 'd%.0s' {1..200})
+  cd "$folder"
+  for level in {1..25}; do
+    mkdir "$name"
+    cd "$name"
+    [ "$level" -ne 3 ] || touch end.txt
+  done
+}
+(make_deep_folder)
+has_unreadable_folder() { ask status && [[ $answer == *"1 cannot be read"* ]]; }
+retry "the status line has no unreadable folder: $answer" has_unreadable_folder
+click label r.txt
+click tool expand
+ask rows
+grep -q '^d*/d*/d*/end.txt$' <<<"$answer" || fail "no file with a long path in: $answer"
+ask outline
+grep -q '^ *\[ \] d* (cannot be read)/$' <<<"$answer" || fail "no unreadable folder in: $answer"
+ask label-visible r.txt
+picture "all expanded"
+
+outline() {
+  "$session_root/tools/wine.sh" "$session_build/bin/demo.exe" --outline "$1" | tee "$session_folder/outline.txt"
+}
 stop_demo
+[ "$(outline "\\\\?\\$root")" = "$(outline "$root")" ] || fail "the outline depends on the prefix"
+grep -qF '[x] q.txt' "$session_folder/outline.txt" || fail "the outline has no checked q.txt"
 handed=$(grep -c 'HandleMenuMsg .*(0x117 ' "$session_folder/stderr.log" || true)
-[ "$handed" -eq 3 ] || fail "WM_INITMENUPOPUP reached the shell's menu $handed times, not once for each of 3 menus"
+[ "$handed" -eq 5 ] || fail "WM_INITMENUPOPUP reached the shell's menu $handed times, not 5 times"
 echo "The tree selected, opened the shell's menu and dragged; pictures: $session_folder"

@@ -1,9 +1,9 @@
 # shellcheck shell=bash
-# Sourced: starts the demo on the present display and speaks with it over its channel, so that a
-# script can press keys and buttons where things are, and wait for what follows from them. What
-# the demo answers last stands in $answer.
+# Sourced: starts the demo on the current display and sends it commands over its channel, so that a
+# script can use mouse and keys on its items and wait for the results. $answer is the demo's last
+# answer.
 #
-# QVL_BUILD_DIR names the build folder; pictures and logs go to $session_folder, which is emptied.
+# QVL_BUILD_DIR is the build folder. Pictures and logs go to $session_folder, which is emptied.
 
 session_root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd)
 session_build=${QVL_BUILD_DIR:-$session_root/build/windows}
@@ -12,7 +12,7 @@ session_demo_pid=
 session_syncs=0
 session_pictures=0
 session_mark=0
-session_limit=${session_limit:-60}  # seconds until an answer that does not come counts as a failure
+session_limit=${session_limit:-60}  # seconds to wait for an answer
 
 rm -rf "$session_folder"
 mkdir -p "$session_folder"
@@ -21,7 +21,7 @@ fail() {
   echo "FAILED: $session_name: $*" >&2
   if [ -n "$session_demo_pid" ]; then
     screenshot failure || true
-    echo "The calls so far:" >&2
+    echo "The callbacks so far:" >&2
     tail -n 40 "$session_folder/calls.log" >&2 || true
     cat "$session_folder/stderr.log" >&2 || true
   fi
@@ -55,7 +55,7 @@ start_demo() {
   ask count
 }
 
-# Closes the window and takes the demo's exit status.
+# Closes the window and checks the demo's exit status.
 stop_demo() {
   ask quit
   exec 6>&-
@@ -69,7 +69,7 @@ stop_demo() {
 try_to_ask() {
   local line
   answer=
-  printf '%s\n' "$*" >&6 || fail "the demo is gone before: $*"
+  printf '%s\n' "$*" >&6 || fail "the demo ended before: $*"
   while IFS= read -r -t "$session_limit" line <&5; do
     case $line in
       ok) return 0 ;;
@@ -85,34 +85,34 @@ try_to_ask() {
 
 ask() { try_to_ask "$@" || fail "$*: $answer"; }
 
-# Moves the mouse there and nothing else: over label|icon|box|button item, empty, drop, tool name,
-# column number.
+# Moves the mouse there: over label|icon|box|button item, empty, drop, splitter, tool name, column
+# number.
 over() {
   ask point "$@"
   # shellcheck disable=SC2086
   xdotool mousemove $answer
 }
 
-# All input so far has been handled when this returns. A menu or a drag has no ear for it.
+# Returns when all input so far has been handled. Has no effect while a menu or a drag is active.
 settle() {
   session_syncs=$((session_syncs + 1))
   xdotool key F12
   ask sync "$session_syncs"
 }
 
-# press 'keys or -' button place...: a click with keys held, and what it brings about.
+# press 'keys or -' button place...: a click with keys held.
 press() {
   local keys=$1 button=$2
   shift 2
   ask point "$@"
   local held=()
-  local let_go=()
+  local release=()
   if [ "$keys" != - ]; then
     held=(keydown "$keys")
-    let_go=(keyup "$keys")
+    release=(keyup "$keys")
   fi
   # shellcheck disable=SC2086
-  xdotool mousemove $answer "${held[@]}" click "$button" "${let_go[@]}"
+  xdotool mousemove $answer "${held[@]}" click "$button" "${release[@]}"
 }
 
 click() { press - 1 "$@" && settle; }
@@ -120,7 +120,7 @@ shift_click() { press shift 1 "$@" && settle; }
 ctrl_click() { press ctrl 1 "$@" && settle; }
 key() { xdotool key "$@" && settle; }
 
-# picture name: the screen, as a numbered file, once all is painted.
+# picture name: writes the screen to a numbered file, after all painting.
 picture() {
   ask idle
   screenshot "$1"
@@ -132,8 +132,8 @@ screenshot() {
     "$session_folder/$(printf '%02d' "$session_pictures")-${1// /-}.png"
 }
 
-# begin_drag 'keys or -' item: presses the left button on the item's label and moves on until the
-# client has been asked for files.
+# begin_drag 'keys or -' item: presses the left button on the item's label and moves the mouse until
+# the client gets OnBeginDrag.
 begin_drag() {
   over label "$2"
   [ "$1" = - ] || xdotool keydown "$1"
@@ -143,11 +143,11 @@ begin_drag() {
   [ "$1" = - ] || xdotool keyup "$1"
 }
 
-# Takes a drag that has begun to the drop pane.
+# Moves an active drag to the drop pane.
 drag_to_drop_pane() {
   over drop
   xdotool mousemove_relative 3 3
-  await "files come in"
+  await "files enter"
 }
 
 drop() {
@@ -156,20 +156,20 @@ drop() {
   settle
 }
 
-# From here on calls are new.
+# Callbacks from here on are new.
 mark() {
   ask count
   session_mark=$answer
 }
 
-# The new calls of the client, without those that come whenever the mouse rests.
+# The new callbacks, without those that depend on how long the mouse rests.
 new_calls() {
   ask log "$session_mark"
   answer=$(grep '^On' <<<"$answer" | grep -v '^OnGetInfoTip' | sed 's/ at -\?[0-9]*,-\?[0-9]*$//' ||
     true)
 }
 
-# retry what-fails command...: until the command succeeds.
+# retry failure command...: repeats the command until it succeeds.
 retry() {
   local tries
   for ((tries = 0; tries < 500; tries++)); do
@@ -179,13 +179,17 @@ retry() {
   fail "$1"
 }
 
-# Until the focus is in a label's edit field.
+# Waits until the focus is in a label's edit control.
 await_editing() { retry "no label is being edited" try_to_ask editing; }
 
-# await text: until a new line of the log contains it.
+has_answer() { ask "${@:2}" && [ "$answer" = "$1" ]; }
+# await_answer case wanted command...: waits until the demo answers that.
+await_answer() { retry "$1: not answered: $2" has_answer "${@:2}"; }
+
+# await text: waits until a new line of the log contains it.
 await() { ask await "$session_mark" "$@"; }
 
-# expect what wanted: the last answer has to be that.
+# expect case wanted: the last answer must be that.
 expect() {
   [ "$answer" = "$2" ] && return
   fail "$1"$'\nwanted:\n'"$2"$'\ngot:\n'"$answer"
@@ -193,35 +197,35 @@ expect() {
 
 expect_calls() {
   new_calls
-  expect "$1: calls of the client" "$2"
+  expect "$1: callbacks" "$2"
   mark
 }
 
-# expect_told what wanted question...: the demo has to answer that.
-expect_told() {
+# expect_answer case wanted command...: the demo must answer that.
+expect_answer() {
   ask "${@:3}"
   expect "$1" "$2"
 }
 
-# The items, and a picture of them.
+# expect_selection case wanted: these items are selected. Takes a picture.
 expect_selection() {
-  expect_told "$1: selection" "$2" selection
+  expect_answer "$1: selection" "$2" selection
   picture "$1"
 }
 
-# expect_logged call: it is among the new calls.
+# expect_logged callback: it is among the new ones.
 expect_logged() {
   new_calls
   grep -qxF "$1" <<<"$answer" || fail "no $1 in:"$'\n'"$answer"
 }
 
-# The lines of the menu, once there is one.
-await_menu() { retry "no menu came up" try_to_ask menu; }
+# Waits for a menu. $answer is its lines.
+await_menu() { retry "no menu opened" try_to_ask menu; }
 
 has_no_menu() { ! try_to_ask menu; }
-await_no_menu() { retry "the menu does not go" has_no_menu; }
+await_no_menu() { retry "the menu does not close" has_no_menu; }
 
-# Closes the menu that comes up, with a picture of it.
+# Waits for a menu, takes a picture of it and closes it.
 leave_menu() {
   await_menu
   picture "menu"
@@ -230,13 +234,13 @@ leave_menu() {
   settle
 }
 
-# has_other_menu before: the menu no longer looks like that.
+# has_other_menu before: the menu has changed.
 has_other_menu() {
   ask menu
   [ "$answer" != "$1" ]
 }
 
-# pick text: goes down the menu to that command and runs it.
+# pick text: moves down the menu to that command and runs it.
 pick() {
   local tries
   await_menu
