@@ -112,22 +112,21 @@ TEST_F(Activation, ContextIsFoundOnceAndUsedForEveryWindow) {
 }
 
 TEST_F(Activation, FailedSearchMakesNoWindowAndIsRepeated) {
-  const struct {
+  struct Row {
     std::string call;
     ScriptedPlatform::Answer answer;
     DWORD error = answer.error;
-  } rows[] = {
+  };
+  std::vector<Row> rows = {
       {"QueryActCtxW", {kSomeError, kFailed}},
       {"GetModuleHandleExW", {kSomeError}},
       {"GetModuleFileNameW", {kSomeError}},
       {"GetModuleFileNameW", {0, 261}, ERROR_BUFFER_OVERFLOW},
       {"GetModuleFileNameW", {0, 262}, ERROR_BUFFER_OVERFLOW},
-      {"CreateActCtxW", {kSomeError, kFailed}},
-      {"CreateActCtxW", {1, kFailed}},
-      {"CreateActCtxW", {4, kFailed}},
-      {"CreateActCtxW", {1811, kFailed}},
-      {"CreateActCtxW", {1816, kFailed}},
   };
+  for (const DWORD error : {1u, 4u, 1811u, 1816u, 14001u}) {
+    rows.push_back({"CreateActCtxW", {error, kFailed}});
+  }
   WCHAR path[4] = {};
   EXPECT_EQ(GetModuleFileNameW(nullptr, path, 4), 4u)
       << "a path that does not fit fills its buffer";
@@ -154,12 +153,9 @@ TEST_F(Activation, FailedSearchMakesNoWindowAndIsRepeated) {
 TEST_F(Activation, ImageFunctionsAreLookedUpUntilFound) {
   Alone([&] {
     // After the activations for the call and for the lookup, the third one is the next call's.
-    const auto expectError = [this] {
-      EXPECT_EQ(platform->errorsAt["Activate 0"].at(2), kSomeError);
-    };
     platform->answers = {{"LoadLibraryW", {kSomeError}}};
     Lines lines = UseIcons();
-    expectError();
+    EXPECT_EQ(platform->errorsAt["Activate 0"].at(2), kSomeError);
     const auto loads = CountOf(lines, "LoadLibraryW");
     EXPECT_GE(loads, 2);
     EXPECT_EQ(std::ssize(lines), 5 * loads) << "two activations for each, and no other call";
@@ -170,7 +166,7 @@ TEST_F(Activation, ImageFunctionsAreLookedUpUntilFound) {
     platform->answers = {{"Lookup ImageList_GetIconSize", {kSomeError}},
                          {"ImageList_Create", {kSomeError}}};
     UseIcons();
-    expectError();
+    EXPECT_EQ(platform->errorsAt["Activate 0"].at(2), kSomeError);
 
     platform->answers = {{"Lookup ImageList_SetBkColor", {127}}};
     lines = UseIcons();
