@@ -21,7 +21,8 @@
 //   Invoke 4                  DestroyMenu                 Free ids | Free array
 //   Release menu | menu 2 | desktop | allocator | C:\a\ .
 //
-// Arguments that are always the same are checked here. One at a time.
+// Names have the low halves of their characters. Arguments that are always the same are checked
+// here. One at a time.
 class FakeShell {
  public:
   FakeShell();
