@@ -127,15 +127,14 @@ TEST_P(ShellMenuTest, ActiveMenuGetsMenuMessagesAlsoAfterANestedMenu) {
   EXPECT_EQ(depth, 3);
 }
 
-// In this order: what the client answers, then whether a drag and a menu start.
 TEST_P(ShellMenuTest, OnlyNamedFilesOfASelectionStartAnything) {
   const std::string asked = "BeginDrag a c ShellContextMenu a c";
-  const auto expectStart = [&](bool starts, const std::string& heard) {
+  const auto expectStart = [&](bool starts, const std::string& callbacks) {
     drag.runs = 0;
     BeginDrag(a);
     EXPECT_EQ(view->ShowContextMenu(10, 20), starts);
     EXPECT_EQ(drag.runs, starts);
-    EXPECT_EQ(Heard(), heard);
+    EXPECT_EQ(Heard(), callbacks);
     EXPECT_EQ(shell.Take().empty(), !starts);
     EXPECT_EQ(Selected(), "ac");
   };
