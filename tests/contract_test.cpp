@@ -134,6 +134,8 @@ TEST_F(ContractTest, ListGesturesCallBackForEachChangedRowOnTestRuntime) {
   EXPECT_TRUE(BoxOf(0) == 2 && BoxOf(1) == 2 && BoxOf(2) == 2 && BoxOf(3) == 1);
   ExpectMenuAtRightPress('f');
   EXPECT_EQ(Selected(), "f");
+  SetState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  EXPECT_EQ(Heard(), "B a E B b E B e E") << "a change of all rows";
 }
 
 }  // namespace
