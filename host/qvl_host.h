@@ -287,8 +287,8 @@ inline void InsertColumns(HWND list, std::span<const Column> columns) {
 
 /// Gives `column`, which counts from 0, the width that the other columns leave of the control's
 /// client area, but at least `minimum` pixels, so that the columns fill it exactly. Call it when
-/// the size of the list changes, and after filling, because a scroll bar takes a part of the area. A
-/// DrawingPause must have ended: the control adds the scroll bar when it draws again.
+/// the size of the list changes, and after filling, because a scroll bar takes a part of the area.
+/// A DrawingPause must have ended: the control adds the scroll bar when it draws again.
 inline void FitColumn(IQVLTreeView& list, int column, int minimum) {
   const HWND control = list.GetControlWindow();
   const auto header = reinterpret_cast<HWND>(SendMessageW(control, LVM_GETHEADER, 0, 0));
