@@ -52,39 +52,37 @@ void Add(Patches& patches, const char* name) {
   patches.push_back(std::make_unique<ImportPatch>(name, &Failing<Function, Failure>::Call));
 }
 
-constexpr PlatformCall kCalls[] = {
-    {"ActivateActCtx", &Add<&ActivateActCtx, FALSE>},
-    {"CallWindowProcW", &Add<&CallWindowProcW, 0>},
-    {"CoDisconnectObject", &Add<&CoDisconnectObject, E_FAIL>},
-    {"CreatePopupMenu", &Add<&CreatePopupMenu, nullptr>},
-    {"CreateWindowExW", &Add<&CreateWindowExW, nullptr>},
-    {"DefWindowProcW", &Add<&DefWindowProcW, 0>},
-    {"DestroyIcon", &Add<&DestroyIcon, FALSE>},
-    {"DestroyWindow", &Add<&DestroyWindow, FALSE>},
-    {"DoDragDrop", &Add<&DoDragDrop, E_FAIL>},
-    {"GetClassLongPtrW", &Add<&GetClassLongPtrW, 0>},
-    {"GetClientRect", &Add<&GetClientRect, FALSE>},
-    {"GetScrollInfo", &Add<&GetScrollInfo, FALSE>},
-    {"GetWindowLongPtrW", &Add<&GetWindowLongPtrW, 0>},
-    {"GlobalAlloc", &Add<&GlobalAlloc, nullptr>},
-    {"GlobalLock", &Add<&GlobalLock, nullptr>},
-    {"InvalidateRect", &Add<&InvalidateRect, FALSE>},
-    {"IsWindowUnicode", &Add<&IsWindowUnicode, FALSE>},
-    {"LoadCursorW", &Add<&LoadCursorW, nullptr>},
-    {"MoveWindow", &Add<&MoveWindow, FALSE>},
-    {"RedrawWindow", &Add<&RedrawWindow, FALSE>},
-    {"RegisterClassW", &Add<&RegisterClassW, 0>},
-    {"SHBindToParent", &Add<&SHBindToParent, E_FAIL>},
-    {"SHGetDesktopFolder", &Add<&SHGetDesktopFolder, E_FAIL>},
-    {"SHGetFileInfoW", &Add<&SHGetFileInfoW, 0>},
-    {"SHGetMalloc", &Add<&SHGetMalloc, E_FAIL>},
-    {"ScreenToClient", &Add<&ScreenToClient, FALSE>},
-    {"SendMessageW", &Add<&SendMessageW, 0>},
-    {"SetScrollInfo", &Add<&SetScrollInfo, 0>},
-    {"SetWindowLongPtrW", &Add<&SetWindowLongPtrW, 0>},
-    {"ShowWindow", &Add<&ShowWindow, FALSE>},
-    {"TrackPopupMenu", &Add<&TrackPopupMenu, FALSE>},
-};
+constexpr PlatformCall kCalls[] = {{"ActivateActCtx", &Add<&ActivateActCtx, FALSE>},
+                                   {"CallWindowProcW", &Add<&CallWindowProcW, 0>},
+                                   {"CoDisconnectObject", &Add<&CoDisconnectObject, E_FAIL>},
+                                   {"CreatePopupMenu", &Add<&CreatePopupMenu, nullptr>},
+                                   {"CreateWindowExW", &Add<&CreateWindowExW, nullptr>},
+                                   {"DefWindowProcW", &Add<&DefWindowProcW, 0>},
+                                   {"DestroyIcon", &Add<&DestroyIcon, FALSE>},
+                                   {"DestroyWindow", &Add<&DestroyWindow, FALSE>},
+                                   {"DoDragDrop", &Add<&DoDragDrop, E_FAIL>},
+                                   {"GetClassLongPtrW", &Add<&GetClassLongPtrW, 0>},
+                                   {"GetClientRect", &Add<&GetClientRect, FALSE>},
+                                   {"GetScrollInfo", &Add<&GetScrollInfo, FALSE>},
+                                   {"GetWindowLongPtrW", &Add<&GetWindowLongPtrW, 0>},
+                                   {"GlobalAlloc", &Add<&GlobalAlloc, nullptr>},
+                                   {"GlobalLock", &Add<&GlobalLock, nullptr>},
+                                   {"InvalidateRect", &Add<&InvalidateRect, FALSE>},
+                                   {"IsWindowUnicode", &Add<&IsWindowUnicode, FALSE>},
+                                   {"LoadCursorW", &Add<&LoadCursorW, nullptr>},
+                                   {"MoveWindow", &Add<&MoveWindow, FALSE>},
+                                   {"RedrawWindow", &Add<&RedrawWindow, FALSE>},
+                                   {"RegisterClassW", &Add<&RegisterClassW, 0>},
+                                   {"SHBindToParent", &Add<&SHBindToParent, E_FAIL>},
+                                   {"SHGetDesktopFolder", &Add<&SHGetDesktopFolder, E_FAIL>},
+                                   {"SHGetFileInfoW", &Add<&SHGetFileInfoW, 0>},
+                                   {"SHGetMalloc", &Add<&SHGetMalloc, E_FAIL>},
+                                   {"ScreenToClient", &Add<&ScreenToClient, FALSE>},
+                                   {"SendMessageW", &Add<&SendMessageW, 0>},
+                                   {"SetScrollInfo", &Add<&SetScrollInfo, 0>},
+                                   {"SetWindowLongPtrW", &Add<&SetWindowLongPtrW, 0>},
+                                   {"ShowWindow", &Add<&ShowWindow, FALSE>},
+                                   {"TrackPopupMenu", &Add<&TrackPopupMenu, FALSE>}};
 
 void* NewOrThrow(std::size_t size) {
   if (Interruption::IsHere()) throw std::bad_alloc();
@@ -133,7 +131,10 @@ constexpr PlatformCall kAllocation = {"allocation", &AddAllocations};
 // A scene in a window of its own, which may keep a control that could not be destroyed.
 class OwnedScene final : public Scene {
  public:
-  OwnedScene(bool asList, unsigned seed) : Scene(MakeHostWindow(), asList, seed) {}
+  // Without the system's icons, UseSystemImageList itself fills the icon list.
+  OwnedScene(bool asList, unsigned seed) : Scene(MakeHostWindow(), asList, seed) {
+    if (seed % 2 == 1) view->UseSystemImageList();
+  }
   ~OwnedScene() override {
     Release();
     DestroyWindow(host);

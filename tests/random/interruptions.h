@@ -41,8 +41,6 @@ class Scene : public RandomHost {
       : RandomHost(window, asList, ChoicesFromSeed(seed)) {
     editable = true;
     Create();
-    // The operation itself fills the icon list of a view that has none.
-    if (seed % 2 == 1) view->UseSystemImageList();
     for (int i = 0; i < 4; ++i) Insert();
     view->ExpandAll();
     if (const ItemHandleList items = Items(); !items.empty()) {

@@ -34,8 +34,9 @@ class LoggingHost final : public RandomHost {
 
   void Step() {
     const auto count = static_cast<int>(Operations().size());
-    if (!Control() && OneIn(4)) {
-      Run(FindOperation("Create"));
+    if (!view || (!Control() && OneIn(4))) {
+      out << name << ": first Create\n";
+      Create();
     } else if (Control() && OneIn(3)) {
       Run(FindOperation(kGestures[Below(std::size(kGestures))]));
     } else {

@@ -90,7 +90,17 @@ std::string Scroll(RandomHost& host) {
 }
 
 std::string SetClient(RandomHost& host) {
-  host.view->SetClient(host.OneIn(5) ? nullptr : &host);
+  host.view->SetClient(&host);
+  return "done";
+}
+
+std::string RemoveClient(RandomHost& host) {
+  host.view->SetClient(nullptr);
+  return "done";
+}
+
+std::string Release(RandomHost& host) {
+  host.Release();
   return "done";
 }
 
@@ -121,7 +131,6 @@ std::string Press(RandomHost& host) {
   if (move != 0) PostMessageW(control, WM_MOUSEMOVE, keys | MK_LBUTTON, end);
   PostMessageW(control, WM_LBUTTONUP, 0, end);
   host.Send(WM_LBUTTONDOWN, keys | MK_LBUTTON, Packed(point));
-  HandleQueuedMessages();
   return "done";
 }
 
@@ -160,9 +169,8 @@ std::string EditLabel(RandomHost& host) {
 
 // A notification from the control about the item, or about none in a list.
 std::string Notify(RandomHost& host) {
-  constexpr UINT kCodes[] = {TVN_BEGINDRAGW,  TVN_GETINFOTIPW,  TVN_SELCHANGEDW,
-                             LVN_BEGINDRAG,   LVN_GETINFOTIPW,  LVN_ITEMCHANGED,
-                             LVN_COLUMNCLICK, LVN_ENDLABELEDITW};
+  constexpr UINT kCodes[] = {TVN_BEGINDRAGW,  TVN_GETINFOTIPW, TVN_SELCHANGEDW, LVN_BEGINDRAG,
+                             LVN_GETINFOTIPW, LVN_ITEMCHANGED, LVN_COLUMNCLICK, LVN_ENDLABELEDITW};
   const int first = host.outOfRange || !host.IsList() ? 0 : 3;
   const UINT code = kCodes[first + host.Below(host.outOfRange ? 8 : host.IsList() ? 5 : 3)];
   const ItemHandle item = host.Item();
@@ -206,6 +214,8 @@ const std::vector<Operation>& Operations() {
       {"SetMultiSelect", &Call<&V::SetMultiSelect>},
       {"GetMultiSelect", &Call<&V::GetMultiSelect>},
       {"SetClient", &SetClient},
+      {"no client", &RemoveClient},
+      {"release", &Release},
       {"Move", &Move},
       {"DeleteAllItems", &Call<&V::DeleteAllItems>},
       {"Hide", &Call<&V::Hide>},
@@ -246,8 +256,7 @@ const std::vector<Operation>& Operations() {
       {"key", &PressKey, 6},
       {"context request", &RequestMenu, 2},
       {"label edit", &EditLabel, 4},
-      {"notification", &Notify, 5},
-  };
+      {"notification", &Notify, 5}};
   return operations;
 }
 

@@ -15,25 +15,24 @@ constexpr int kMostOperations = 300;
 class InputHost final : public RandomHost {
  public:
   InputHost(HWND window, const std::uint8_t*& next, const std::uint8_t* end)
-      : RandomHost(window, false,
-                   [&next, end](int limit) { return next == end ? 0 : *next++ % limit; }) {
+      : RandomHost(window, false, [&next, end](int limit) {
+          int value = 0;
+          for (int range = 1; range < limit; range <<= 8) {
+            value = value << 8 | (next == end ? 0 : *next++);
+          }
+          return value % limit;
+        }) {
     outOfRange = editable = true;
     Create();
   }
 
   void RunOne() {
     ++operations;
+    const auto place = static_cast<std::size_t>(Below(256)) % (Operations().size() + 1);
     if (!view) {
-      view = GetIQVLTreeView();
-      view->SetClient(this);
       Create();
-      return;
-    }
-    const auto place = static_cast<std::size_t>(Below(256)) % (Operations().size() + 2);
-    if (place < Operations().size()) {
+    } else if (place < Operations().size()) {
       Operations()[place].run(*this);
-    } else if (place == Operations().size()) {
-      Release();
     } else {
       Send(WM_SETREDRAW, static_cast<WPARAM>(Below(2)), 0);
     }
