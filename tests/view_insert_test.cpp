@@ -1,5 +1,6 @@
 // The native items that records become when they are inserted and when they update an item.
 #include <climits>
+#include <set>
 #include <string>
 #include <tuple>
 
@@ -31,6 +32,37 @@ constexpr RecordRow kRecords[] = {{-1, false, false, -1, 0, 0},
                                   {2, true, false, -1, 0x2010, 0x3000},
                                   {1, false, true, -1, 0x1004, 0x2004},
                                   {0, true, true, 3, 0x14, 0x1004}};
+
+// Logs which of its accessors are read, by a letter each.
+class LoggedRecord final : public QVLTreeViewItem {
+ public:
+  std::string Take() {
+    std::string letters(read.begin(), read.end());
+    read.clear();
+    return letters;
+  }
+
+  int GetType() const noexcept override { return Log('t', 1); }
+  const WCHAR* GetItemName() const noexcept override { return Log('n', TEXT("n")); }
+  const WCHAR* GetFileName() const noexcept override { return Log('f', TEXT("f")); }
+  bool IsSelected() const noexcept override { return Log('S', false); }
+  bool IsChecked() const noexcept override { return Log('C', false); }
+  bool IsCut() const noexcept override { return Log('c', false); }
+  bool IsBold() const noexcept override { return Log('b', false); }
+  int GetImageIndex() const noexcept override { return Log('i', 0); }
+  int GetStateIndex() const noexcept override { return Log('s', -1); }
+  std::int64_t GetClientPtr() const noexcept override { return Log('p', 0); }
+  int GetIndentOffset() const noexcept override { return Log('o', 0); }
+
+ private:
+  template <class Value>
+  Value Log(char letter, Value value) const noexcept {
+    read.insert(letter);
+    return value;
+  }
+
+  mutable std::set<char> read;
+};
 
 class ViewInsert : public EachView {
  protected:
@@ -242,6 +274,37 @@ TEST_P(ListInsert, RecordWithACellNumberWritesTheCell) {
   view->UpdateItem(&record, 1);
   const LVITEMW update = sent.Of(LVM_SETITEMW).back().item;
   EXPECT_TRUE(update.iSubItem == -3 && update.mask & LVIF_PARAM);
+}
+
+TEST_P(ViewInsert, RecordsAreReadOnlyAsFarAsTheItemNeedsThem) {
+  client.onCreateColumns = [](HWND list, RECT*) {
+    LVCOLUMNW column = {};
+    for (const int i : {0, 1}) {
+      SendMessageW(list, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+    }
+    return true;
+  };
+  for (const bool boxes : {false, true}) {
+    for (const bool system : {false, true}) {
+      SCOPED_TRACE(std::string(boxes ? "boxes " : "") + (system ? "icons" : ""));
+      Open(boxes ? QVLS_CHECKBOXES : 0);
+      const ItemHandle item = Insert(TEXT("item"));
+      if (system) view->UseSystemImageList();
+      LoggedRecord record;
+      const auto expect = [&](const char* insert, const char* update) {
+        const std::string box = boxes ? "C" : "";
+        view->InsertItem(&record, IsList() && record.GetSubItem() ? item : -1);
+        EXPECT_EQ(record.Take(), box + insert);
+        view->UpdateItem(&record, item);
+        EXPECT_EQ(record.Take(), box + update);
+      };
+      expect(TreeOrList(system ? "Sbcfnpst" : "Sbcinps", system ? "Scfnopst" : "Scinops"),
+             TreeOrList(system ? "Sbcfnps" : "Sbcinps", system ? "Scfnps" : "Scinps"));
+      if (!IsList()) continue;
+      record.SetSubItem(1);
+      expect(system ? "Scnps" : "Scinps", system ? "Scnps" : "Scinps");
+    }
+  }
 }
 
 }  // namespace
