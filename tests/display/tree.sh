@@ -176,12 +176,15 @@ await "the drag leaves"
 xdotool mouseup 3
 no_second_drop "a drag ended by the right button"
 
-# The caret and its neighbour are deleted. Selection, boxes and expansion of the others stay.
+# The caret is deleted, and the control selects its neighbour. Selection, boxes and expansion of the
+# others stay.
+click label q.txt
+ctrl_click label "s t.txt"
 rm "$folder/p.txt" "$folder/s t.txt"
 touch "$folder/oo.txt" "$folder/sub/deep.txt"
 await_answer "changes on disk" \
   $'.\nsub\nsub/deep.txt\nsub/inner.txt\noo.txt\nq.txt\nr.txt' rows
-expect_selection "changes on disk" $'q.txt\nr.txt'
+expect_selection "changes on disk" q.txt
 expect_answer "changes on disk: checked items" $'q.txt\nr.txt' checked
 
 # A path that the system can list, and below it one that is too long for the system.
