@@ -52,7 +52,7 @@ class ContractTest : public TreeTest {
         if (more) PostMessageW(control, WM_MOUSEMOVE, MK_LBUTTON, end);
         PressAt(point);
       }
-      EXPECT_EQ(Heard(), callbacks) << item << " " << x << " " << more;
+      EXPECT_EQ(Callbacks(), callbacks) << item << " " << x << " " << more;
     }
   }
 
@@ -61,7 +61,7 @@ class ContractTest : public TreeTest {
     PostMessageW(control, WM_RBUTTONUP, 0, point);
     Ask(WM_RBUTTONDOWN, MK_RBUTTON, point);
     PumpMessages();
-    EXPECT_NE(Heard().find("ContextMenu"), std::string::npos);
+    EXPECT_NE(Callbacks().find("ContextMenu"), std::string::npos);
   }
 };
 
@@ -135,7 +135,7 @@ TEST_F(ContractTest, ListGesturesCallBackForEachChangedRowOnTestRuntime) {
   ExpectMenuAtRightPress('f');
   EXPECT_EQ(Selected(), "f");
   SetState(-1, LVIS_SELECTED, LVIS_SELECTED);
-  EXPECT_EQ(Heard(), "B a E B b E B e E") << "a change of all rows";
+  EXPECT_EQ(Callbacks(), "B a E B b E B e E") << "a change of all rows";
 }
 
 }  // namespace

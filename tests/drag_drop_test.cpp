@@ -87,7 +87,7 @@ class DragDropTest : public EachSelectionView {
                                   {"GlobalUnlock", &Unlock}};
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, DragDropTest, kEachView, ViewName);
 
 TEST_P(DragDropTest, BlockHoldsThePositionOfItsMomentAndTheNames) {
   const Text null(1, WCHAR());

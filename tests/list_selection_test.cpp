@@ -66,7 +66,7 @@ TEST_F(ListSelectionTest, EachChangeOfRowIsReportedInItsOwnBracket) {
       callbacks +=
           (callbacks.empty() ? "B " : " B ") + (row == '-' ? "-1" : std::string(1, row)) + " E";
     }
-    EXPECT_EQ(Heard(), callbacks);
+    EXPECT_EQ(Callbacks(), callbacks);
     std::string shown;
     for (const ItemHandle row : {0, 1, 2, 3}) {
       EXPECT_EQ(view->IsItemSelected(row), StateOf(row, LVIS_SELECTED) != 0);

@@ -74,13 +74,13 @@ class Proxy : public EachView {
     const SentMessages sent;
     ExpectFailures(*view, noItem);
     EXPECT_TRUE(sent.all.empty() || !IsList()) << "a list sends nothing";
-    EXPECT_EQ(Heard(), "");
+    EXPECT_EQ(Callbacks(), "");
   }
 
   // Create makes a new view in place of what was there before, and keeps the client.
   void ExpectCreated(std::uint32_t style = 0) {
     const HWND made =
-        view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, GetParam() | style, nullptr);
+        view->Create(host, kControlId, 0, 0, kWidth, kHeight, GetParam() | style, nullptr);
     ASSERT_NE(made, nullptr);
     EXPECT_EQ(view->GetControlWindow(), made);
     EXPECT_EQ(CountParents(), 1);
@@ -90,7 +90,7 @@ class Proxy : public EachView {
     EXPECT_EQ(view->GetItems(&items, true), 0);
     client.Take();
     view->SetItemSelected(Insert(TEXT("b")), true);
-    EXPECT_EQ(Heard(), "B b E");
+    EXPECT_EQ(Callbacks(), "B b E");
   }
 
   // The view's parent windows inside the host.
@@ -102,7 +102,7 @@ class Proxy : public EachView {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, Proxy, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, Proxy, kEachView, ViewName);
 
 TEST_P(Proxy, WithoutImplementationOrControlEveryOperationFails) {
   for (const bool withClient : {false, true}) {
@@ -140,7 +140,7 @@ TEST_P(Proxy, HandleOfNoItemChangesNothing) {
     EXPECT_EQ(sent.all.size(), sent.Of(LVM_GETITEMW).size()) << "a list may ask for the row";
     if (IsList()) view->EnsureVisible(handle);
   }
-  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(Callbacks(), "");
   ItemHandleList items;
   EXPECT_EQ(view->GetItems(&items, true), 3);
   EXPECT_EQ(TextOf(a), TEXT("a"));
@@ -156,12 +156,12 @@ TEST_P(Proxy, CreateThatFailsLeavesAViewWithoutControl) {
       EXPECT_EQ(CreateView(GetParam()), nullptr);
       EXPECT_EQ(windows, -1) << "nothing is created after the one that failed";
     }
-    EXPECT_EQ(Heard(), "");
+    EXPECT_EQ(Callbacks(), "");
     EXPECT_EQ(CountParents(), made) << "the parent stays until Destroy";
     EXPECT_EQ(view->GetViewType(), Type());
     if (made == 1) {
       SendMessageW(GetWindow(host, GW_CHILD), WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
-      EXPECT_EQ(Heard(), "ContextMenu 60,70 -1 0x0000");
+      EXPECT_EQ(Callbacks(), "ContextMenu 60,70 -1 0x0000");
     }
     view->SetClient(nullptr);
     ExpectWithoutControl(-1);
@@ -202,7 +202,7 @@ TEST_P(Proxy, WindowsThatThePlatformKeepsDoNotFindTheView) {
   SendMessageW(parent, WM_CONTEXTMENU, 0, MAKELPARAM(60, 70));
   Ask(WM_KEYDOWN, VK_DOWN, 1);
   Ask(WM_SETREDRAW, TRUE);
-  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(Callbacks(), "");
   EXPECT_EQ(GetWindowLongPtrW(control, GWLP_USERDATA), TreeOrList(0, 42));
 }
 
@@ -229,8 +229,8 @@ TEST_P(Proxy, CallbackMayDoAnythingWhileASecondCreateDestroysTheControl) {
     EXPECT_EQ(view->GetControlWindow(), control);
     view->SetClient(nullptr);
   });
-  EXPECT_NE(view->Create(host, CONTROL_ID, 0, 0, 10, 10, GetParam(), nullptr), nullptr);
-  EXPECT_EQ(Heard(), "Expanded 0") << "nothing more without a client";
+  EXPECT_NE(view->Create(host, kControlId, 0, 0, 10, 10, GetParam(), nullptr), nullptr);
+  EXPECT_EQ(Callbacks(), "Expanded 0") << "nothing more without a client";
   view->SetClient(&client);
   ExpectCreated();
 

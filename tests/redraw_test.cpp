@@ -134,7 +134,7 @@ class Redraw : public EachView {
   int reports = 0;
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, Redraw, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, Redraw, kEachView, ViewName);
 
 TEST_P(Redraw, MoreThanEightChangesAreDrawnOnceAtTheEnd) {
   for (const Operation& operation : Operations()) {
@@ -165,7 +165,7 @@ TEST_P(Redraw, HostsSuspensionStaysInForceOnTestRuntime) {
     view->InvertSelection();
     EXPECT_EQ(Requests(), step.next);
     // The real tree invalidates the items that change even while its drawing is suspended.
-    EXPECT_TRUE(!step.next.empty() || (REAL_CONTROL && !IsList()) || !WaitsToBeDrawn());
+    EXPECT_TRUE(!step.next.empty() || (kRealControl && !IsList()) || !WaitsToBeDrawn());
 
     Ask(WM_SETREDRAW, TRUE);
     view->Show();

@@ -60,7 +60,7 @@ class ShellIcons : public EachView {
   QVLTreeViewItem record;
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, ShellIcons, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ShellIcons, kEachView, ViewName);
 
 // The question about a long name is its end, which has its type, and starts with a whole character.
 TEST_P(ShellIcons, TypeAndLengthDecideTheQuestion) {

@@ -42,7 +42,7 @@ class ShellMenuTest : public EachSelectionView {
   FakeShell shell;
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, ShellMenuTest, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ShellMenuTest, kEachView, ViewName);
 
 TEST_P(ShellMenuTest, EverythingIsAcquiredAndReleasedInOrder) {
   const struct {
@@ -134,7 +134,7 @@ TEST_P(ShellMenuTest, OnlyNamedFilesOfASelectionStartAnything) {
     BeginDrag(a);
     EXPECT_EQ(view->ShowContextMenu(10, 20), starts);
     EXPECT_EQ(drag.runs, starts);
-    EXPECT_EQ(Heard(), callbacks);
+    EXPECT_EQ(Callbacks(), callbacks);
     EXPECT_EQ(shell.Take().empty(), !starts);
     EXPECT_EQ(Selected(), "ac");
   };
@@ -154,20 +154,20 @@ TEST_P(ShellMenuTest, OnlyNamedFilesOfASelectionStartAnything) {
   view->ClearSelection();
   client.Take();
   EXPECT_FALSE(view->ShowContextMenu(10, 20));
-  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(Callbacks(), "");
   // The client deselects the item that the drag selects.
   client.onItemSelectionChanged = [this](ItemHandle) {
     client.onItemSelectionChanged = nullptr;
     view->ClearSelection();
   };
   BeginDrag(b);
-  EXPECT_EQ(Heard().find("BeginDrag"), std::string::npos);
+  EXPECT_EQ(Callbacks().find("BeginDrag"), std::string::npos);
 }
 
 // The platform's own shell, up to the point where a menu would wait for the user.
 using RealShellTest = EachSelectionView;
 
-INSTANTIATE_TEST_SUITE_P(Views, RealShellTest, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, RealShellTest, kEachView, ViewName);
 
 TEST_P(RealShellTest, OffersTheMenuOfARealFile) {
   static int entries;

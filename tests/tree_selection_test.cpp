@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kSeeds = REAL_CONTROL ? 24 : 200;
+constexpr int kSeeds = kRealControl ? 24 : 200;
 constexpr int kSteps = 300;
 // All items stay in view, and empty space is left below them.
 constexpr std::size_t kMostItems = 12;
@@ -57,7 +57,7 @@ class TreeModelTest : public TreeTest, public ::testing::WithParamInterface<int>
     for (const ItemHandle item : selected) EXPECT_EQ(view->GetSelectedItem(index++), item);
     for (const int none : {-1, index}) EXPECT_EQ(view->GetSelectedItem(none), -1);
     EXPECT_EQ(CaretItem(), model.Caret());
-    EXPECT_EQ(Heard(), model.TakeCallbacks());
+    EXPECT_EQ(Callbacks(), model.TakeCallbacks());
   }
 
   void SyncStructure() {
@@ -202,7 +202,7 @@ TEST_F(TreeSelectionTest, PressOnButtonSelectsItsItem) {
   Insert(TEXT("c"), Item('Q'));
   Given("S P PS");
   PressAt(PartPoint(Item('Q'), TVHT_ONITEMBUTTON));
-  EXPECT_EQ(Heard(), "B P S 0 Q E Expanded Q");
+  EXPECT_EQ(Callbacks(), "B P S 0 Q E Expanded Q");
   EXPECT_EQ(Selected(), "Q");
 }
 
@@ -213,7 +213,7 @@ TEST_F(TreeSelectionTest, HitTestForgetsItemThatItsCallbackDeletes) {
   std::uint32_t hitFlags = 99;
   EXPECT_EQ(view->HitTest(&point, true, &hitFlags), -1);
   EXPECT_EQ(hitFlags, 0u);
-  EXPECT_EQ(Heard(), "B P Q E");
+  EXPECT_EQ(Callbacks(), "B P Q E");
   EXPECT_EQ(CaretItem(), Item('P'));
 }
 
@@ -224,7 +224,7 @@ TEST_F(TreeSelectionTest, GestureThatDestroysTheViewInItsBracketAnswersZero) {
       Given("Q - Q");
       client.onBeginSelectionChange = [this] { view->Destroy(); };
       EXPECT_EQ(byKey ? Key(VK_DOWN, keys) : Press('S', keys), 0) << keys;
-      EXPECT_EQ(Heard(), "B");
+      EXPECT_EQ(Callbacks(), "B");
       client.onBeginSelectionChange = nullptr;
     }
   }
@@ -232,7 +232,7 @@ TEST_F(TreeSelectionTest, GestureThatDestroysTheViewInItsBracketAnswersZero) {
   view->SelectAll();
   view->InvertSelection();
   view->ClearSelection();
-  EXPECT_EQ(Heard(), "B E B E B E") << "without a control the bracket remains";
+  EXPECT_EQ(Callbacks(), "B E B E B E") << "without a control the bracket remains";
 }
 
 // The control repaints only its caret, and at a right press only the pressed item.

@@ -55,7 +55,7 @@ class ViewCreate : public EachView {
   LONG_PTR storedView = 0;  // in the parent before the control is created
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, ViewCreate, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ViewCreate, kEachView, ViewName);
 
 TEST_P(ViewCreate, ParentsClassIsRegisteredEachTimeAndMayExist) {
   int registrations = 0;
@@ -155,12 +155,12 @@ TEST_P(ViewCreate, ViewsAreIndependent) {
   view->SetMultiSelect(true);
   IQVLTreeView* other = GetIQVLTreeView();
   const std::uint32_t single = GetParam() | QVLS_SINGLESEL;
-  ASSERT_NE(other->Create(host, CONTROL_ID, 0, 0, 50, 50, single, nullptr), nullptr);
+  ASSERT_NE(other->Create(host, kControlId, 0, 0, 50, 50, single, nullptr), nullptr);
   EXPECT_TRUE(view->GetMultiSelect());
   EXPECT_FALSE(other->GetMultiSelect());
   ReleaseIQVLTreeView(other);
   view->SetItemSelected(Insert(TEXT("a")), true);
-  EXPECT_EQ(Heard(), "B a E");
+  EXPECT_EQ(Callbacks(), "B a E");
   EXPECT_EQ(view->GetSelectedCount(), 1) << "messages still reach the native procedure";
 }
 
@@ -186,10 +186,10 @@ TEST_P(ListCreate, ColumnThatTheClientDoesNotMakeFollowsTheControl) {
     sent.Forget();
     view->SetClient(withClient ? &client : nullptr);
     client.onCreateColumns = [](HWND, RECT* rect) { return *rect = {0, 0, 5, 5}, false; };
-    control = view->Create(host, CONTROL_ID, 0, 0, 200, 100, QVLS_LISTVIEW, nullptr);
+    control = view->Create(host, kControlId, 0, 0, 200, 100, QVLS_LISTVIEW, nullptr);
     const RECT rect = ClientRect();
     const std::string size = std::to_string(rect.right) + "x" + std::to_string(rect.bottom);
-    EXPECT_EQ(Heard(), withClient ? "CreateColumns " + size : "");
+    EXPECT_EQ(Callbacks(), withClient ? "CreateColumns " + size : "");
     const SentMessage column = sent.Of(LVM_INSERTCOLUMNW).at(0);
     EXPECT_EQ(std::tuple(column.wParam, column.column.mask, column.column.fmt),
               std::tuple(1, 11, 0));
@@ -230,9 +230,9 @@ TEST_P(ListCreate, ColumnsOfTheClientStayAsTheyAre) {
 
   // A second Create without a client does not keep the first one's answer.
   view->SetClient(nullptr);
-  control = view->Create(host, CONTROL_ID, 0, 0, 200, 100, QVLS_LISTVIEW, nullptr);
+  control = view->Create(host, kControlId, 0, 0, 200, 100, QVLS_LISTVIEW, nullptr);
   view->SetClient(&client);
-  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(Callbacks(), "");
   view->Move(0, 0, 120, 100);
   EXPECT_EQ(Columns(), WholeWidth());
 }

@@ -83,7 +83,7 @@ class ViewInsert : public EachView {
   QVLTreeViewItem record;
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, ViewInsert, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ViewInsert, kEachView, ViewName);
 
 TEST_P(ViewInsert, RecordBecomesANativeItem) {
   Open();
@@ -132,7 +132,7 @@ TEST_P(ViewInsert, RecordSetsCheckAndSelectionAndNeverClearsThem) {
       SetState(item, 0, 0xF006);
       client.Take();
       EXPECT_TRUE(view->UpdateItem(&record, item));
-      EXPECT_TRUE(IsList() || Heard() == "a") << "without a bracket";
+      EXPECT_TRUE(IsList() || Callbacks() == "a") << "without a bracket";
     }
     QVLTreeViewItem plain;
     EXPECT_TRUE(view->UpdateItem(&plain, item));

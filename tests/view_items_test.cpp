@@ -9,7 +9,7 @@ namespace {
 
 class ViewItems : public EachView {};
 
-INSTANTIATE_TEST_SUITE_P(Views, ViewItems, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ViewItems, kEachView, ViewName);
 
 TEST_P(ViewItems, ToolTipTakesWidthAndDelay) {
   Open(QVLS_INFOTIP);
@@ -80,7 +80,7 @@ TEST_P(ViewItems, EveryStateImageButTheEmptyBoxIsCheckedAndTheCheckedBoxCounts) 
       for (const ItemHandle item : items) view->SetItemChecked(item, checked);
       EXPECT_EQ(boxes(), checked ? "22222" : "11111");
     }
-    EXPECT_EQ(Heard().empty(), !IsList()) << "a tree does not report check boxes";
+    EXPECT_EQ(Callbacks().empty(), !IsList()) << "a tree does not report check boxes";
   }
 }
 

@@ -51,18 +51,18 @@ class ViewNotify : public EachView {
   const char* const onLabel = TreeOrList(" 0x0088", " 0x0080");
 };
 
-INSTANTIATE_TEST_SUITE_P(Views, ViewNotify, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, ViewNotify, kEachView, ViewName);
 
 TEST_P(ViewNotify, CallbacksDependOnTheSendersId) {
   const Replaced position("GetMessagePos", &GetMessagePos, [] { return 0; });
-  for (const int ownId : {CONTROL_ID, -7}) {
+  for (const int ownId : {kControlId, -7}) {
     OpenWithItems(0, nullptr, ownId);
     for (const Notification& each : Notifications()) {
       for (const INT_PTR id : {INT_PTR{ownId}, INT_PTR{0x100000000} + ownId, INT_PTR{7}}) {
         view->ClearSelection();
         client.Take();
         NotifyOf(b, each.code, id);
-        EXPECT_EQ(Heard(), each.anyChild || id == ownId ? each.callbacks : "") << each.code;
+        EXPECT_EQ(Callbacks(), each.anyChild || id == ownId ? each.callbacks : "") << each.code;
       }
     }
   }
@@ -80,20 +80,20 @@ TEST_P(ViewNotify, AllButLabelEditsEndInDefaultHandling) {
         EXPECT_EQ(NotifyOf(b, each.code), isEdit && withClient ? accepts : kDefaultAnswer);
       }
     }
-    EXPECT_EQ(Heard().empty(), !withClient);
+    EXPECT_EQ(Callbacks().empty(), !withClient);
     EXPECT_TRUE(withClient || Selected().empty()) << "a drag without a client selects nothing";
     for (const UINT message :
          {WM_CONTEXTMENU, WM_DRAWITEM, WM_MEASUREITEM, WM_INITMENUPOPUP, WM_MENUCHAR, WM_SIZE}) {
       EXPECT_EQ(SendMessageW(parent, message, 0, 0), kDefaultAnswer) << message;
     }
-    EXPECT_EQ(Heard(), withClient ? "ContextMenu 0,0 -1 0x0000" : "");
+    EXPECT_EQ(Callbacks(), withClient ? "ContextMenu 0,0 -1 0x0000" : "");
   }
   // A window in which no view is stored yet.
   const LONG_PTR stored = SetWindowLongPtrW(parent, GWLP_USERDATA, 0);
   for (const Notification& each : Notifications()) {
     EXPECT_EQ(NotifyOf(b, each.code), kDefaultAnswer);
   }
-  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(Callbacks(), "");
   SetWindowLongPtrW(parent, GWLP_USERDATA, stored);
 }
 
@@ -116,12 +116,12 @@ TEST_P(ViewNotify, ToolTipIsTheClientsPointerAndLength) {
       mouse = LabelOnScreen(c);
       Notify(record.hdr, code);
       // The item is the notification's, the flags are those of the mouse.
-      EXPECT_EQ(Heard(), std::string("InfoTip b") + onLabel);
+      EXPECT_EQ(Callbacks(), std::string("InfoTip b") + onLabel);
       EXPECT_EQ(record.pszText, accepted ? std::get<0>(tip) : buffer);
       EXPECT_EQ(record.cchTextMax, accepted ? std::get<1>(tip) : 7);
       mouse = {-5, -9};
       NotifyOf(-1, code);
-      EXPECT_EQ(Heard(), "InfoTip -1 0x0000");
+      EXPECT_EQ(Callbacks(), "InfoTip -1 0x0000");
     };
     NMTVGETINFOTIPW branch = {};
     branch.hItem = Native(b);
@@ -169,7 +169,7 @@ TEST_P(ViewNotify, LabelEditAsksTheClientAtBothEndsOnTestRuntime) {
       return begins ? row.refuse : row.accept;
     };
     EXPECT_EQ(edit(TEXT("new")), !row.refuse);
-    EXPECT_EQ(Heard(), row.callbacks);
+    EXPECT_EQ(Callbacks(), row.callbacks);
     EXPECT_EQ(TextOf(b), row.textAfter);
   }
   view->SetClient(nullptr);
@@ -183,26 +183,26 @@ TEST_P(ViewNotify, ContextRequestSelectsItsItemOnTestRuntime) {
   view->SetItemSelected(b, true);
   client.Take();
   RequestMenu(LabelPoint(b));
-  EXPECT_EQ(Heard(), ContextMenu(LabelPoint(b), "b") + onLabel);
+  EXPECT_EQ(Callbacks(), ContextMenu(LabelPoint(b), "b") + onLabel);
   RequestMenu(OffPoint());
-  EXPECT_EQ(Heard(), ContextMenu(OffPoint(), "-1 0x0000"));
+  EXPECT_EQ(Callbacks(), ContextMenu(OffPoint(), "-1 0x0000"));
   Ask(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), MAKELPARAM(-1, -1));
-  EXPECT_EQ(Heard(), "ContextMenu -1,-1 -1 0x0000") << "from the keyboard";
+  EXPECT_EQ(Callbacks(), "ContextMenu -1,-1 -1 0x0000") << "from the keyboard";
   EXPECT_EQ(Selected(), "ab");
   RequestMenu(LabelPoint(c));
   const std::string selection = TreeOrList("B a b c E ", "B a E B b E B c E ");
-  EXPECT_EQ(Heard(), selection + ContextMenu(LabelPoint(c), "c") + onLabel);
+  EXPECT_EQ(Callbacks(), selection + ContextMenu(LabelPoint(c), "c") + onLabel);
   if (!IsList()) {
     // The caret stays on an item that is deselected.
     view->SetItemSelected(c, false);
     client.Take();
     RequestMenu(LabelPoint(c));
-    EXPECT_EQ(Heard(), "B c E " + ContextMenu(LabelPoint(c), "c") + onLabel);
+    EXPECT_EQ(Callbacks(), "B c E " + ContextMenu(LabelPoint(c), "c") + onLabel);
   }
   EXPECT_EQ(Selected(), "c");
   view->SetClient(nullptr);
   RequestMenu(LabelPoint(a));
-  EXPECT_EQ(Heard() + Selected(), "c") << "nothing happens without a client";
+  EXPECT_EQ(Callbacks() + Selected(), "c") << "nothing happens without a client";
 }
 
 TEST_P(ViewNotify, ClientThatIsSetInsideABracketGetsTheRestOfIt) {
@@ -213,7 +213,7 @@ TEST_P(ViewNotify, ClientThatIsSetInsideABracketGetsTheRestOfIt) {
   other.depth = 1;
   client.onBeginSelectionChange = [&] { view->SetClient(&other); };
   view->SetItemSelected(b, true);
-  EXPECT_EQ(Heard(), "B");
+  EXPECT_EQ(Callbacks(), "B");
   EXPECT_EQ(Short(other.Take()), "b E");
   view->SetClient(nullptr);
 }
@@ -226,7 +226,7 @@ TEST_P(ViewNotify, DragSelectsItsItem) {
   client.Take();
   for (const ItemHandle item : {c, b}) {
     NotifyOf(item, TreeOrList(TVN_BEGINDRAGW, LVN_BEGINDRAG));
-    EXPECT_EQ(Heard(), item == c ? "BeginDrag c" : "B b E BeginDrag b c");
+    EXPECT_EQ(Callbacks(), item == c ? "BeginDrag c" : "B b E BeginDrag b c");
   }
 }
 

@@ -1,6 +1,6 @@
 #!/bin/bash
-# fuzz.sh [seconds]: runs the fuzzer, which plays a hostile host against the linux library. Findings go
-# to build/fuzz-findings. Add a mended one to tests/random/findings.
+# fuzz.sh [seconds]: runs the fuzzer on the linux library. Findings go to build/fuzz-findings. Add a
+# fixed one to tests/random/findings.
 set -euo pipefail
 
 tools=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)

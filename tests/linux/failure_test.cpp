@@ -1,5 +1,9 @@
-// Every allocation and every platform call of every operation fails in turn: no exception leaves
-// the library, brackets close, nothing leaks, and the view works afterwards.
+// Makes every allocation and every platform call of every operation and gesture fail in turn: no
+// exception, closed brackets, no leak, and a view that still works.
+#include "linux/failing_memory.h"
+
+#include <gtest/gtest.h>
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -9,18 +13,20 @@
 #include <winsim.h>
 
 #include <cstdio>
-#include <new>
-#include <vector>
+#include <functional>
+#include <random>
+#include <utility>
 
-#include "random/interruptions.h"
-#include "vornutil.h"
+#include "random/operations.h"
 
 namespace {
 
-// The choices of an operation differ from seed to seed.
-constexpr int kMostWays = 2;
+// A walk makes the same call for each item, so the first failures are enough.
+constexpr int kMaxFailures = 25;
+// The seed chooses the arguments of an operation.
+constexpr unsigned kSeeds = 2;
 
-// A drop target that takes the files of the drag.
+// A drop target that reads the files of the drag.
 HRESULT TakeFiles(IDataObject* data, IDropSource* /*source*/, DWORD /*allowed*/, DWORD* effect) {
   FORMATETC format = {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
   STGMEDIUM medium = {};
@@ -29,117 +35,76 @@ HRESULT TakeFiles(IDataObject* data, IDropSource* /*source*/, DWORD /*allowed*/,
   return DRAGDROP_S_DROP;
 }
 
-// A function of the platform that fails at the interruption.
-template <auto Function, auto Failure>
-struct Failing;
-
-template <class Result, class... Arguments, Result (*Function)(Arguments...), auto Failure>
-struct Failing<Function, Failure> {
-  static Result Call(Arguments... arguments) {
-    return Interruption::IsHere() ? static_cast<Result>(Failure) : Function(arguments...);
-  }
-};
-
-using Patches = std::vector<std::unique_ptr<ImportPatch>>;
-
-struct PlatformCall {
-  const char* name;
-  void (*add)(Patches& patches, const char* name);
-};
-
-template <auto Function, auto Failure>
-void Add(Patches& patches, const char* name) {
-  patches.push_back(std::make_unique<ImportPatch>(name, &Failing<Function, Failure>::Call));
-}
-
-constexpr PlatformCall kCalls[] = {{"ActivateActCtx", &Add<&ActivateActCtx, FALSE>},
-                                   {"CallWindowProcW", &Add<&CallWindowProcW, 0>},
-                                   {"CoDisconnectObject", &Add<&CoDisconnectObject, E_FAIL>},
-                                   {"CreatePopupMenu", &Add<&CreatePopupMenu, nullptr>},
-                                   {"CreateWindowExW", &Add<&CreateWindowExW, nullptr>},
-                                   {"DefWindowProcW", &Add<&DefWindowProcW, 0>},
-                                   {"DestroyIcon", &Add<&DestroyIcon, FALSE>},
-                                   {"DestroyWindow", &Add<&DestroyWindow, FALSE>},
-                                   {"DoDragDrop", &Add<&DoDragDrop, E_FAIL>},
-                                   {"GetClassLongPtrW", &Add<&GetClassLongPtrW, 0>},
-                                   {"GetClientRect", &Add<&GetClientRect, FALSE>},
-                                   {"GetScrollInfo", &Add<&GetScrollInfo, FALSE>},
-                                   {"GetWindowLongPtrW", &Add<&GetWindowLongPtrW, 0>},
-                                   {"GlobalAlloc", &Add<&GlobalAlloc, nullptr>},
-                                   {"GlobalLock", &Add<&GlobalLock, nullptr>},
-                                   {"InvalidateRect", &Add<&InvalidateRect, FALSE>},
-                                   {"IsWindowUnicode", &Add<&IsWindowUnicode, FALSE>},
-                                   {"LoadCursorW", &Add<&LoadCursorW, nullptr>},
-                                   {"MoveWindow", &Add<&MoveWindow, FALSE>},
-                                   {"RedrawWindow", &Add<&RedrawWindow, FALSE>},
-                                   {"RegisterClassW", &Add<&RegisterClassW, 0>},
-                                   {"SHBindToParent", &Add<&SHBindToParent, E_FAIL>},
-                                   {"SHGetDesktopFolder", &Add<&SHGetDesktopFolder, E_FAIL>},
-                                   {"SHGetFileInfoW", &Add<&SHGetFileInfoW, 0>},
-                                   {"SHGetMalloc", &Add<&SHGetMalloc, E_FAIL>},
-                                   {"ScreenToClient", &Add<&ScreenToClient, FALSE>},
-                                   {"SendMessageW", &Add<&SendMessageW, 0>},
-                                   {"SetScrollInfo", &Add<&SetScrollInfo, 0>},
-                                   {"SetWindowLongPtrW", &Add<&SetWindowLongPtrW, 0>},
-                                   {"ShowWindow", &Add<&ShowWindow, FALSE>},
-                                   {"TrackPopupMenu", &Add<&TrackPopupMenu, FALSE>}};
-
-void* NewOrThrow(std::size_t size) {
-  if (Interruption::IsHere()) throw std::bad_alloc();
-  return ::operator new(size);
-}
-
-void* NewOrNull(std::size_t size, const std::nothrow_t& tag) {
-  return Interruption::IsHere() ? nullptr : ::operator new(size, tag);
-}
-
-void* NewArrayOrNull(std::size_t size, const std::nothrow_t& tag) {
-  return Interruption::IsHere() ? nullptr : ::operator new[](size, tag);
-}
-
-WCHAR* TextOrNull(VornSDK::Util::WStr* text, int length) {
-  return Interruption::IsHere() ? nullptr : text->dataForWrite(length);
-}
-
-// The library's allocations: operator new, the host's text class and global memory.
-void AddAllocations(Patches& patches, const char*) {
-  Add<&GlobalAlloc, nullptr>(patches, "GlobalAlloc");
-  const auto add = [&](const char* name, auto* function) {
-    patches.push_back(std::make_unique<ImportPatch>(name, function));
-  };
-  add("_Znwm", &NewOrThrow);
-  add("_ZnwmRKSt9nothrow_t", &NewOrNull);
-  add("_ZnamRKSt9nothrow_t", &NewArrayOrNull);
-  add("_ZN7VornSDK4Util4WStr12dataForWriteEi", &TextOrNull);
-}
-
-// Lets one call of that kind fail during its life.
-class FailingCall {
+// A view with many items and a client that answers true.
+class FullView final : public RandomHost {
  public:
-  FailingCall(const PlatformCall& call, int number) {
-    call.add(patches, call.name);
-    Interruption::Arm(number);
-  }
-  ~FailingCall() { Interruption::at = 0; }
-
- private:
-  Patches patches;
-};
-
-constexpr PlatformCall kAllocation = {"allocation", &AddAllocations};
-
-// A scene in a window of its own, which may keep a control that could not be destroyed.
-class OwnedScene final : public Scene {
- public:
-  // Without the system's icons, UseSystemImageList itself fills the icon list.
-  OwnedScene(bool asList, unsigned seed) : Scene(MakeHostWindow(), asList, seed) {
+  FullView(bool asList, unsigned seed)
+      : RandomHost(MakeHostWindow(), asList, [engine = std::mt19937(seed)](int limit) mutable {
+          return static_cast<int>(engine() % static_cast<unsigned>(limit));
+        }) {
+    Create();
+    // In the other seeds the operation itself fills the list of shell icons.
     if (seed % 2 == 1) view->UseSystemImageList();
+    for (int i = 0; i < 12; ++i) Insert();
+    view->ExpandAll();
+    const ItemHandleList items = Items();
+    view->SetItemSelected(items.back(), true);
   }
-  ~OwnedScene() override {
-    Release();
+
+  ~FullView() override {
+    ReleaseIQVLTreeView(std::exchange(view, nullptr));
     DestroyWindow(host);
   }
+
+  // The view inserts, selects and checks items like a new one.
+  void ExpectUsable() {
+    EXPECT_EQ(openBrackets, 0);
+    view->SetClient(this);
+    const std::uint32_t style = QVLS_CHECKBOXES | (list ? QVLS_LISTVIEW : 0U);
+    ASSERT_NE(view->Create(host, kControlId, 0, 0, 300, 400, style, nullptr), nullptr);
+    view->UseSystemImageList();
+    QVLTreeViewItem record;
+    record.SetChecked(true);
+    for (int i = 0; i < 3; ++i) EXPECT_NE(view->InsertItem(&record, -1), -1);
+    view->SelectAll();
+    EXPECT_EQ(view->GetSelectedCount(), 3);
+    EXPECT_EQ(view->GetCheckedCount(), 3);
+  }
+
+ private:
+  bool OnCallback(const std::string&) override { return true; }
+  void NameFiles(FileNameList* files) override {
+    *files = {TEXT("C:\\folder\\file.txt"), TEXT("C:\\folder\\other.txt")};
+  }
 };
+
+// Makes the first, second, ... call fail in every operation. `arm` returns an object during whose
+// life the call of that number fails. Returns the number of failures.
+template <class Arm>
+int FailInEveryOperation(const std::string& what, Arm arm) {
+  int injected = 0;
+  const auto fail = [&](const Operation& operation, bool list, unsigned seed, int number) {
+    SCOPED_TRACE(operation.name + (list ? " of a list, " : " of a tree, ") + what + " no. " +
+                 std::to_string(number) + ", seed " + std::to_string(seed));
+    FullView scene(list, seed);
+    {
+      const auto armed = arm(number);
+      EXPECT_NO_THROW(operation.run(scene));
+      FailurePoint::Disarm();
+    }
+    scene.ExpectUsable();
+    return FailurePoint::calls >= number;
+  };
+  for (const Operation& operation : Operations()) {
+    for (unsigned variant = 0; variant < 2 * kSeeds; ++variant) {
+      int number = 1;
+      while (number <= kMaxFailures && fail(operation, variant % 2, 1 + variant / 2, number))
+        ++number;
+      injected += number - 1;
+    }
+  }
+  return injected;
+}
 
 class FailureTest : public ::testing::Test {
  protected:
@@ -148,7 +113,6 @@ class FailureTest : public ::testing::Test {
     winsim::AddShellFile(u"C:\\folder\\file.txt");
     winsim::AddShellFile(u"C:\\folder\\other.txt");
   }
-
   void TearDown() override {
     const winsim::Counts after = winsim::CountLive();
     EXPECT_EQ(after.menus, 0);
@@ -157,71 +121,68 @@ class FailureTest : public ::testing::Test {
     EXPECT_EQ(after.interfaces, 0);
     winsim::Reset();
   }
-
-  // The number of times that the call failed.
-  int FailInEveryOperation(const PlatformCall& call) {
-    int failures = 0;
-    ForEachOperation(kMostWays, [&](const Operation& operation, bool asList, unsigned seed) {
-      for (int number = 1; number <= kMostPoints; ++number) {
-        SCOPED_TRACE(call.name + (" number " + std::to_string(number)));
-        OwnedScene scene(asList, seed);
-        {
-          const FailingCall failing(call, number);
-          EXPECT_NO_THROW(operation.run(scene));
-        }
-        EXPECT_EQ(scene.openBrackets, 0);
-        const bool failed = Interruption::points >= number;
-        scene.ExpectUsable();
-        if (!failed) break;
-        ++failures;
-      }
-    });
-    return failures;
-  }
 };
 
-TEST_F(FailureTest, AllocationsMayFailInEveryOperation) {
-  const int failures = FailInEveryOperation(kAllocation);
-  EXPECT_EQ(winsim::CountLive().windows, 0);
-  std::printf("allocations that failed: %d\n", failures);
-  EXPECT_GT(failures, 250);
+TEST_F(FailureTest, OfAllocationLeavesViewUsable) {
+  const int windows = winsim::CountLive().windows;
+  const int injected = FailInEveryOperation(
+      "allocation", [](int number) { return std::make_unique<FailingMemory>(number); });
+  EXPECT_EQ(winsim::CountLive().windows, windows);
+  std::printf("allocations that failed: %d\n", injected);
+  EXPECT_GT(injected, 250);
 }
 
-TEST_F(FailureTest, PlatformCallsMayFailInEveryOperation) {
-  int failures = 0;
+struct PlatformCall {
+  const char* name;
+  std::unique_ptr<ImportPatch> (*patch)(const char* name);
+};
+
+constexpr PlatformCall kCalls[] = {
+    {"ActivateActCtx", PatchToFail<&ActivateActCtx, FALSE>},
+    {"CallWindowProcW", PatchToFail<&CallWindowProcW, 0>},
+    {"CoDisconnectObject", PatchToFail<&CoDisconnectObject, E_FAIL>},
+    {"CreatePopupMenu", PatchToFail<&CreatePopupMenu, nullptr>},
+    {"CreateWindowExW", PatchToFail<&CreateWindowExW, nullptr>},
+    {"DefWindowProcW", PatchToFail<&DefWindowProcW, 0>},
+    {"DestroyIcon", PatchToFail<&DestroyIcon, FALSE>},
+    {"DestroyWindow", PatchToFail<&DestroyWindow, FALSE>},
+    {"DoDragDrop", PatchToFail<&DoDragDrop, E_FAIL>},
+    {"GetClassLongPtrW", PatchToFail<&GetClassLongPtrW, 0>},
+    {"GetClientRect", PatchToFail<&GetClientRect, FALSE>},
+    {"GetScrollInfo", PatchToFail<&GetScrollInfo, FALSE>},
+    {"GlobalAlloc", PatchToFail<&GlobalAlloc, nullptr>},
+    {"GlobalLock", PatchToFail<&GlobalLock, nullptr>},
+    {"InvalidateRect", PatchToFail<&InvalidateRect, FALSE>},
+    {"IsWindowUnicode", PatchToFail<&IsWindowUnicode, FALSE>},
+    {"LoadCursorW", PatchToFail<&LoadCursorW, nullptr>},
+    {"MoveWindow", PatchToFail<&MoveWindow, FALSE>},
+    {"RegisterClassW", PatchToFail<&RegisterClassW, 0>},
+    {"RedrawWindow", PatchToFail<&RedrawWindow, FALSE>},
+    {"SHBindToParent", PatchToFail<&SHBindToParent, E_FAIL>},
+    {"SHGetDesktopFolder", PatchToFail<&SHGetDesktopFolder, E_FAIL>},
+    {"SHGetFileInfoW", PatchToFail<&SHGetFileInfoW, 0>},
+    {"SHGetMalloc", PatchToFail<&SHGetMalloc, E_FAIL>},
+    {"ScreenToClient", PatchToFail<&ScreenToClient, FALSE>},
+    {"SendMessageW", PatchToFail<&SendMessageW, 0>},
+    {"SetScrollInfo", PatchToFail<&SetScrollInfo, 0>},
+    {"SetWindowLongPtrW", PatchToFail<&SetWindowLongPtrW, 0>},
+    {"GetWindowLongPtrW", PatchToFail<&GetWindowLongPtrW, 0>},
+    {"ShowWindow", PatchToFail<&ShowWindow, FALSE>},
+    {"TrackPopupMenu", PatchToFail<&TrackPopupMenu, FALSE>},
+};
+
+TEST_F(FailureTest, OfPlatformCallLeavesViewUsable) {
+  int injected = 0;
   for (const PlatformCall& call : kCalls) {
-    const int failuresOfCall = FailInEveryOperation(call);
-    EXPECT_GT(failuresOfCall, 0) << "no operation calls " << call.name;
-    failures += failuresOfCall;
+    const int ofThisCall = FailInEveryOperation(call.name, [&](int number) {
+      FailurePoint::Arm(number);
+      return call.patch(call.name);
+    });
+    EXPECT_GT(ofThisCall, 0) << "no operation makes the call " << call.name;
+    injected += ofThisCall;
   }
-  std::printf("platform calls that failed: %d\n", failures);
-  EXPECT_GT(failures, 2500);
-}
-
-TEST_F(FailureTest, FailedAllocationsOutsideOfAView) {
-  QVLTreeViewItem item;
-  item.SetItemName(TEXT("short"));
-  const FailingCall failing(kAllocation, 1);
-  item.SetItemName(std::basic_string<WCHAR>(1000, TEXT('x')).c_str());
-  EXPECT_EQ(item.GetItemName(), std::basic_string<WCHAR>());
-  Interruption::Arm(1);
-  EXPECT_EQ(GetIQVLTreeView(), nullptr);
-}
-
-TEST_F(FailureTest, ListThatCannotGrowKeepsItsItems) {
-  for (const bool asList : {false, true}) {
-    OwnedScene scene(asList, 1);
-    scene.view->ExpandAll();
-    const ItemHandleList all = scene.Items();
-    // The capacity doubles, so the fourth allocation is that of the fifth item.
-    const std::ptrdiff_t kept[] = {0, 1, 2, 4};
-    for (int number = 1; number <= 4; ++number) {
-      const FailingCall failing(kAllocation, number);
-      ItemHandleList items;
-      EXPECT_EQ(scene.view->GetItems(&items, true), kept[number - 1]);
-      EXPECT_EQ(items, ItemHandleList(all.begin(), all.begin() + kept[number - 1]));
-    }
-  }
+  std::printf("platform failures injected: %d\n", injected);
+  EXPECT_GT(injected, 4000);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The names that the code blocks of the guides leave to the reader's program. A block becomes the body
-// of a function, or a part of a class derived from GuideClient.
+// The names that the code blocks of the guides leave to the reader's program. A block becomes the
+// body of a function, or a part of a class derived from GuideClient.
 #pragma once
 
 #include <qvl_host.h>

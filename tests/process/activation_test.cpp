@@ -25,7 +25,7 @@ constexpr DWORD kSomeError = 14001;
 constexpr DWORD kOtherError = 1450;
 
 constexpr LONG_PTR kFailed = -1;  // the result of a call that finds or makes a context
-constexpr LONG_PTR kFake = ScriptedPlatform::FAKE_CONTEXT;
+constexpr LONG_PTR kFake = ScriptedPlatform::kFakeContext;
 
 const std::string kSearch = "QueryActCtxW|GetModuleHandleExW|GetModuleFileNameW|CreateActCtxW|";
 const std::string kFoundNone = kSearch + "Activate 0|Find|Deactivate|";
@@ -198,7 +198,7 @@ TEST_F(Activation, FailedImageCallKeepsItsErrorAndAnOrdinaryResultDoesNot) {
       EXPECT_GE(copies, 1);
       const std::vector<DWORD> errors(
           static_cast<std::size_t>(copies),
-          result == 0 ? ScriptedPlatform::ERROR_OF_DEACTIVATION : kSomeError);
+          result == 0 ? ScriptedPlatform::kErrorOfDeactivation : kSomeError);
       EXPECT_EQ(platform->errorsAt["DestroyIcon"], errors);
     }
     // An empty list counts as a failure.

@@ -5,262 +5,285 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <iterator>
-#include <tuple>
-#include <type_traits>
 
 namespace {
 
 using V = IQVLTreeView;
 
-std::string Words(std::int64_t value) { return std::to_string(value); }
+std::string ToText(std::int64_t value) { return std::to_string(value); }
 
 LPARAM Packed(POINT point) { return MAKELPARAM(point.x, point.y); }
 
-template <class Type>
-Type Choose(RandomHost& host) {
-  if constexpr (std::is_same_v<Type, ItemHandle>) return host.Item();
-  if constexpr (std::is_same_v<Type, bool>) return host.OneIn(2);
-  if constexpr (std::is_same_v<Type, COLORREF>) return RGB(255, 255, 224);
-  if constexpr (std::is_same_v<Type, int>) return host.Number(-1, 3);
-  return Type();
+template <auto Operation>
+std::string Do(RandomHost& random) {
+  (random.view->*Operation)();
+  return "done";
 }
 
-// A call with chosen arguments, which are chosen in their order.
-template <class Result, class... Arguments>
-std::string CallWithChoices(RandomHost& host, Result (V::*operation)(Arguments...)) {
-  const std::tuple<Arguments...> chosen{Choose<Arguments>(host)...};
-  const auto call = [&](Arguments... arguments) { return (host.view->*operation)(arguments...); };
-  if constexpr (std::is_void_v<Result>) {
-    std::apply(call, chosen);
-    return "done";
-  } else if constexpr (std::is_same_v<Result, ItemHandle>) {
-    return host.Name(std::apply(call, chosen));
-  } else {
-    return Words(std::apply(call, chosen));
-  }
+template <auto Operation>
+std::string Ask(RandomHost& random) {
+  return ToText((random.view->*Operation)());
 }
 
-template <auto Function>
-std::string Call(RandomHost& host) {
-  return CallWithChoices(host, Function);
+template <auto Operation>
+std::string AskOfItem(RandomHost& random) {
+  const ItemHandle item = random.Item();
+  return ToText((random.view->*Operation)(item));
 }
 
-std::string Create(RandomHost& host) { return Words(host.Create()); }
-
-std::string CreateOther(RandomHost& host) {
-  host.list = !host.list;
-  return Create(host);
+template <auto Operation>
+std::string FindByItem(RandomHost& random) {
+  const ItemHandle item = random.Item();
+  return random.Name((random.view->*Operation)(item));
 }
 
-std::string Update(RandomHost& host) {
-  const ItemHandle item = host.Item();
+template <auto Operation>
+std::string FindByIndex(RandomHost& random) {
+  const int index = random.Number(-1, 3);
+  return random.Name((random.view->*Operation)(index));
+}
+
+template <auto Operation>
+std::string SetState(RandomHost& random) {
+  const ItemHandle item = random.Item();
+  const bool on = random.OneIn(2);
+  (random.view->*Operation)(item, on);
+  return on ? "on" : "off";
+}
+
+std::string CreateAgain(RandomHost& random) {
+  random.Create();
+  return "done";
+}
+
+std::string CreateOtherKind(RandomHost& random) {
+  random.list = !random.list;
+  return CreateAgain(random);
+}
+
+std::string Update(RandomHost& random) {
+  const ItemHandle item = random.Item();
   QVLTreeViewItem record;
-  host.Fill(record);
-  return Words(host.view->UpdateItem(&record, item));
+  random.Fill(record);
+  return ToText(random.view->UpdateItem(&record, item));
 }
 
-std::string GetItems(RandomHost& host) {
+std::string ListItems(RandomHost& random) {
   ItemHandleList items;
-  const std::int64_t count = host.view->GetItems(&items, host.OneIn(2));
-  return Words(count) + " of " + Words(static_cast<std::int64_t>(items.size()));
+  const bool visibleOnly = random.OneIn(2);
+  const std::int64_t length = random.view->GetItems(&items, visibleOnly);
+  return length == static_cast<std::int64_t>(items.size()) ? ToText(length) : "another length";
 }
 
-// The real control loses count of its rows if an item in a collapsed branch is collapsed.
-std::string Expand(RandomHost& host) {
-  const ItemHandle item = host.Item();
-  const bool expand = host.OneIn(2);
-  const bool safe = host.outOfRange || (item != -1 && (expand || host.IsShown(item)));
-  if (safe) host.view->ExpandItem(item, expand);
+std::string Expand(RandomHost& random) {
+  const ItemHandle item = random.Item();
+  const bool expand = random.OneIn(2);
+  if (random.MayExpand(item, expand)) random.view->ExpandItem(item, expand);
   return "done";
 }
 
-std::string Move(RandomHost& host) {
-  const int width = host.Number(260, 280);
-  return Words(host.view->Move(host.Number(0, 0), host.Number(0, 0), width, host.Number(380, 380)));
-}
-
-// The position itself depends on fonts.
-std::string Scroll(RandomHost& host) {
-  int x = 0;
-  int y = 0;
-  const bool known = host.view->GetScrollPosition(&x, &y);
-  host.view->SetScrollPosition(host.Number(0, 0), host.Number(0, 0));
-  return Words(known);
-}
-
-std::string SetClient(RandomHost& host) {
-  host.view->SetClient(&host);
+std::string EnsureVisible(RandomHost& random) {
+  const ItemHandle item = random.Item();
+  random.view->EnsureVisible(item);
   return "done";
 }
 
-std::string RemoveClient(RandomHost& host) {
-  host.view->SetClient(nullptr);
+std::string SetMode(RandomHost& random) {
+  const bool multiSelect = !random.OneIn(3);
+  random.view->SetMultiSelect(multiSelect);
+  return multiSelect ? "on" : "off";
+}
+
+std::string MoveView(RandomHost& random) {
+  const int x = random.Number(0, 0);
+  const int y = random.Number(0, 0);
+  const int width = random.Number(260, 280);
+  const int height = random.Number(380, 380);
+  return ToText(random.view->Move(x, y, width, height));
+}
+
+// The scroll position depends on fonts.
+std::string Scroll(RandomHost& random) {
+  int x = -5;
+  int y = -5;
+  const bool known = random.view->GetScrollPosition(&x, &y);
+  const int byX = random.Number(0, 0);
+  const int byY = random.Number(0, 0);
+  random.view->SetScrollPosition(byX, byY);
+  return known ? "known" : "unknown " + ToText(x) + " " + ToText(y);
+}
+
+std::string SetToolTip(RandomHost& random) {
+  const int width = random.Number(100, 200);
+  const int delay = random.Number(0, 1000);
+  random.view->SetToolTipWidth(width);
+  random.view->SetToolTipDelay(delay);
   return "done";
 }
 
-std::string Release(RandomHost& host) {
-  host.Release();
-  return "done";
+std::string SetOrRemoveClient(RandomHost& random) {
+  const bool keeps = !random.OneIn(5);
+  random.view->SetClient(keeps ? &random : nullptr);
+  return keeps ? "client" : "no client";
 }
 
-POINT ScreenPoint(RandomHost& host) {
-  POINT point = host.Point(host.Item());
-  ClientToScreen(host.Control(), &point);
+POINT ScreenPoint(RandomHost& random) {
+  POINT point = random.Point(random.Item());
+  ClientToScreen(random.Control(), &point);
   return point;
 }
 
-std::string HitTest(RandomHost& host) {
-  const POINT point = ScreenPoint(host);
+std::string HitTest(RandomHost& random) {
+  const POINT point = ScreenPoint(random);
+  const bool select = random.OneIn(2);
   std::uint32_t flags = 0;
-  const ItemHandle item = host.view->HitTest(&point, host.OneIn(2), &flags);
-  return host.Name(item) + " " + Words(flags);
+  const ItemHandle item = random.view->HitTest(&point, select, &flags);
+  return random.Name(item) + " " + ToText(flags);
 }
 
-// The mouse may move too little for a drag, within the item, or on to another one. The control
-// waits for the release of the button before it handles the press. In a list, Shift with Ctrl
-// extends from a row that depends on much earlier presses.
-std::string Press(RandomHost& host) {
+// Without Ctrl+Shift in a list, whose anchor depends on much earlier presses. The mouse moves too
+// little for a drag, within the item, or to another item.
+std::string Press(RandomHost& random) {
   constexpr WPARAM kKeys[] = {0, MK_SHIFT, MK_CONTROL, MK_SHIFT | MK_CONTROL};
-  constexpr int kMoves[] = {3, 5, 40};
-  const POINT point = host.Point(host.Item());
-  const int move = host.OneIn(4) ? kMoves[host.Below(3)] : 0;
-  const LPARAM end = MAKELPARAM(point.x + move, point.y + move);
-  const WPARAM keys = kKeys[host.Below(host.IsList() ? 3 : 4)];
-  const HWND control = host.Control();
-  if (move != 0) PostMessageW(control, WM_MOUSEMOVE, keys | MK_LBUTTON, end);
+  constexpr int kDrags[] = {3, 5, 40};
+  const ItemHandle item = random.Item();
+  const LPARAM point = Packed(random.Point(item));
+  const int drag = random.OneIn(4) ? kDrags[random.Below(3)] : 0;
+  const LPARAM end = MAKELPARAM(LOWORD(point) + drag, HIWORD(point) + drag);
+  const WPARAM keys = kKeys[random.Below(random.IsList() ? 3 : 4)];
+  const HWND control = random.Control();
+  std::string pressed = random.Name(item) + " with keys " + ToText(static_cast<int>(keys)) +
+                        (drag ? " and a drag by " + ToText(drag) : "");
+  random.undisturbed = random.IsList() && (keys == MK_SHIFT || drag != 0);
+  // The control handles the press only when the button is released.
+  if (drag != 0) PostMessageW(control, WM_MOUSEMOVE, keys | MK_LBUTTON, end);
   PostMessageW(control, WM_LBUTTONUP, 0, end);
-  host.Send(WM_LBUTTONDOWN, keys | MK_LBUTTON, Packed(point));
-  return "done";
+  SendMessageW(control, WM_LBUTTONDOWN, keys | MK_LBUTTON, point);
+  HandleMessages();
+  random.undisturbed = false;
+  return pressed;
 }
 
-std::string PressKey(RandomHost& host) {
-  constexpr WPARAM kKeys[] = {VK_UP,  VK_DOWN,  VK_LEFT, VK_RIGHT, VK_HOME,
-                              VK_END, VK_SHIFT, VK_BACK, VK_DELETE};
-  const WPARAM key = kKeys[host.Below(std::size(kKeys))];
+std::string PressKey(RandomHost& random) {
+  const WPARAM key = random.Key();
+  const bool shift = random.OneIn(2);
   BYTE keys[256] = {};
-  keys[VK_SHIFT] = host.OneIn(2) ? 0x80 : 0;
+  keys[VK_SHIFT] = shift ? 0x80 : 0;
+  random.undisturbed = random.IsList() && shift;
   SetKeyboardState(keys);
-  host.Send(WM_KEYDOWN, key, 1);
+  SendMessageW(random.Control(), WM_KEYDOWN, key, 1);
   keys[VK_SHIFT] = 0;
   SetKeyboardState(keys);
+  random.undisturbed = false;
+  return ToText(static_cast<int>(key)) + (shift ? " with shift" : "");
+}
+
+std::string RequestMenu(RandomHost& random) {
+  const bool byKey = random.OneIn(4);
+  const LPARAM point = byKey ? MAKELPARAM(-1, -1) : Packed(ScreenPoint(random));
+  SendMessageW(GetParent(random.Control()), WM_CONTEXTMENU, 0, point);
   return "done";
 }
 
-std::string RequestMenu(RandomHost& host) {
-  const LPARAM point = host.OneIn(4) ? MAKELPARAM(-1, -1) : Packed(ScreenPoint(host));
-  SendMessageW(GetParent(host.Control()), WM_CONTEXTMENU, 0, point);
-  return "done";
+// Sends a notification to the view's window as the control does.
+template <typename Record>
+void Notify(RandomHost& random, UINT code, Record record) {
+  const HWND control = random.Control();
+  record.hdr = {control, static_cast<UINT_PTR>(GetDlgCtrlID(control)), code};
+  SendMessageW(GetParent(control), WM_NOTIFY, record.hdr.idFrom, reinterpret_cast<LPARAM>(&record));
 }
 
-// Enter ends the edit, or the end of the control does.
-std::string EditLabel(RandomHost& host) {
-  const ItemHandle item = host.Item();
-  const int end = host.Below(3);
-  if (!host.editable) return "done";
-  SetFocus(host.Control());
-  const LRESULT edit = host.IsList() ? host.Send(LVM_EDITLABELW, static_cast<WPARAM>(item), 0)
-                                     : host.Send(TVM_EDITLABELW, 0, item);
-  if (edit && end == 0) SendMessageW(reinterpret_cast<HWND>(edit), WM_KEYDOWN, VK_RETURN, 1);
-  if (edit && end == 1) host.view->Destroy();
-  if (edit && end == 2) host.Release();
-  return "done";
-}
-
-// A notification from the control about the item, or about none in a list.
-std::string Notify(RandomHost& host) {
-  constexpr UINT kCodes[] = {TVN_BEGINDRAGW,  TVN_GETINFOTIPW, TVN_SELCHANGEDW, LVN_BEGINDRAG,
-                             LVN_GETINFOTIPW, LVN_ITEMCHANGED, LVN_COLUMNCLICK, LVN_ENDLABELEDITW};
-  const int first = host.outOfRange || !host.IsList() ? 0 : 3;
-  const UINT code = kCodes[first + host.Below(host.outOfRange ? 8 : host.IsList() ? 5 : 3)];
-  const ItemHandle item = host.Item();
-  if (item == -1 && !host.IsList()) return "done";
-  union {
-    NMHDR header;
-    NMTREEVIEWW branch;
-    NMTVGETINFOTIPW branchTip;
-    NMLISTVIEW row;
-    NMLVGETINFOTIPW rowTip;
-  } record = {};
-  WCHAR*& text = code == TVN_GETINFOTIPW ? record.branchTip.pszText : record.rowTip.pszText;
-  const bool isTip = code == TVN_GETINFOTIPW || code == LVN_GETINFOTIPW;
-  if (code == TVN_GETINFOTIPW) {
-    record.branchTip.hItem = reinterpret_cast<HTREEITEM>(item);
-  } else if (code == TVN_BEGINDRAGW || code == TVN_SELCHANGEDW) {
-    record.branch.itemNew.hItem = reinterpret_cast<HTREEITEM>(item);
-  } else {
-    (isTip ? record.rowTip.iItem : record.row.iItem) = static_cast<int>(item);
+std::string BeginDrag(RandomHost& random) {
+  const ItemHandle item = random.Item();
+  NMLISTVIEW row = {};
+  row.iItem = static_cast<int>(item);
+  NMTREEVIEWW branch = {};
+  branch.itemNew.hItem = reinterpret_cast<HTREEITEM>(item);
+  std::string dragged = random.Name(item);
+  if (random.IsList()) {
+    Notify(random, LVN_BEGINDRAG, row);
+  } else if (item != -1) {
+    Notify(random, TVN_BEGINDRAGW, branch);
   }
-  const HWND control = host.Control();
-  record.header = {control, static_cast<UINT_PTR>(GetDlgCtrlID(control)), code};
-  SendMessageW(GetParent(control), WM_NOTIFY, record.header.idFrom,
-               reinterpret_cast<LPARAM>(&record));
-  return isTip && text ? "tip" : "done";
+  return dragged;
+}
+
+std::string AskForTip(RandomHost& random) {
+  const ItemHandle item = random.Item();
+  NMLVGETINFOTIPW row = {};
+  row.iItem = static_cast<int>(item);
+  NMTVGETINFOTIPW branch = {};
+  branch.hItem = reinterpret_cast<HTREEITEM>(item);
+  if (random.IsList()) {
+    Notify(random, LVN_GETINFOTIPW, row);
+  } else if (item != -1) {
+    Notify(random, TVN_GETINFOTIPW, branch);
+  }
+  return "done";
 }
 
 }  // namespace
 
 const std::vector<Operation>& Operations() {
   static const std::vector<Operation> operations = {
-      {"Create", &Create, 1, "0"},
-      {"Create of the other kind", &CreateOther, 1, "0"},
-      {"Destroy", &Call<&V::Destroy>},
-      {"GetViewType", &Call<&V::GetViewType>},
-      {"SetImageList", &Call<&V::SetImageList>},
-      {"UseSystemImageList", &Call<&V::UseSystemImageList>, 2},
-      {"SetStateImageList", &Call<&V::SetStateImageList>},
-      {"SetBkColor", &Call<&V::SetBkColor>},
-      {"SetTextColor", &Call<&V::SetTextColor>},
-      {"SetMultiSelect", &Call<&V::SetMultiSelect>},
-      {"GetMultiSelect", &Call<&V::GetMultiSelect>},
-      {"SetClient", &SetClient},
-      {"no client", &RemoveClient},
-      {"release", &Release},
-      {"Move", &Move},
-      {"DeleteAllItems", &Call<&V::DeleteAllItems>},
-      {"Hide", &Call<&V::Hide>},
-      {"Show", &Call<&V::Show>},
-      {"Redraw", &Call<&V::Redraw>},
+      {"Create", &CreateAgain},
+      {"Destroy", &Do<&V::Destroy>},
+      {"GetViewType", &Ask<&V::GetViewType>},
+      {"SetImageList", [](RandomHost& p) { return ToText(p.view->SetImageList(nullptr)); }},
+      {"UseSystemImageList", &Ask<&V::UseSystemImageList>},
+      {"SetBkColor", [](RandomHost& p) { return ToText(p.view->SetBkColor(RGB(255, 255, 224))); }},
+      {"SetTextColor", [](RandomHost& p) { return ToText(p.view->SetTextColor(RGB(0, 0, 128))); }},
+      {"SetMultiSelect", &SetMode},
+      {"GetMultiSelect", &Ask<&V::GetMultiSelect>},
+      {"SetClient", &SetOrRemoveClient},
+      {"Move", &MoveView},
+      {"DeleteAllItems", &Do<&V::DeleteAllItems>},
+      {"Hide", &Do<&V::Hide>},
+      {"Show", &Do<&V::Show>},
+      {"Redraw", &Do<&V::Redraw>},
       {"scroll", &Scroll},
-      {"SetToolTipWidth", &Call<&V::SetToolTipWidth>},
-      {"SetToolTipDelay", &Call<&V::SetToolTipDelay>},
-      {"InsertItem", [](RandomHost& host) { return host.Name(host.Insert()); }, 3, "-1"},
-      {"UpdateItem", &Update, 4, "0"},
-      {"DeleteItem", &Call<&V::DeleteItem>, 3, "0"},
-      {"GetItems", &GetItems},
-      {"GetParentItem", &Call<&V::GetParentItem>},
-      {"GetFirstChildItem", &Call<&V::GetFirstChildItem>},
-      {"GetNextSiblingItem", &Call<&V::GetNextSiblingItem>},
+      {"tool tip", &SetToolTip},
+      {"InsertItem", [](RandomHost& p) { return p.Name(p.Insert()); }},
+      {"UpdateItem", &Update},
+      {"DeleteItem", &AskOfItem<&V::DeleteItem>},
+      {"GetItems", &ListItems},
+      {"GetParentItem", &FindByItem<&V::GetParentItem>},
+      {"GetFirstChildItem", &FindByItem<&V::GetFirstChildItem>},
+      {"GetNextSiblingItem", &FindByItem<&V::GetNextSiblingItem>},
       {"ExpandItem", &Expand},
-      {"IsItemExpanded", &Call<&V::IsItemExpanded>},
-      {"ExpandAll", &Call<&V::ExpandAll>},
-      {"CollapseAll", &Call<&V::CollapseAll>},
-      {"EnsureVisible", &Call<&V::EnsureVisible>},
-      {"HitTest", &HitTest, 3, "-1 0"},
-      {"GetItemClientPtr", [](RandomHost& host) { return host.Name(host.Item()); }},
-      {"GetSelectedCount", &Call<&V::GetSelectedCount>},
-      {"GetSelectedItem", &Call<&V::GetSelectedItem>},
-      {"SetItemSelected", &Call<&V::SetItemSelected>, 2},
-      {"IsItemSelected", &Call<&V::IsItemSelected>},
-      {"SelectAll", &Call<&V::SelectAll>},
-      {"ClearSelection", &Call<&V::ClearSelection>},
-      {"InvertSelection", &Call<&V::InvertSelection>},
-      {"GetCheckedCount", &Call<&V::GetCheckedCount>},
-      {"GetCheckedItem", &Call<&V::GetCheckedItem>},
-      {"SetItemChecked", &Call<&V::SetItemChecked>, 2},
-      {"IsItemChecked", &Call<&V::IsItemChecked>},
-      {"CheckAll", &Call<&V::CheckAll>, 2},
-      {"UncheckAll", &Call<&V::UncheckAll>},
-      {"ShowContextMenu", &Call<&V::ShowContextMenu>, 1, "0"},
-      {"press", &Press, 8},
-      {"key", &PressKey, 6},
-      {"context request", &RequestMenu, 2},
-      {"label edit", &EditLabel, 4},
-      {"notification", &Notify, 5}};
+      {"IsItemExpanded", &AskOfItem<&V::IsItemExpanded>},
+      {"ExpandAll", &Do<&V::ExpandAll>},
+      {"CollapseAll", &Do<&V::CollapseAll>},
+      {"EnsureVisible", &EnsureVisible},
+      {"HitTest", &HitTest},
+      {"GetItemClientPtr", &AskOfItem<&V::GetItemClientPtr>},
+      {"GetSelectedCount", &Ask<&V::GetSelectedCount>},
+      {"GetSelectedItem", &FindByIndex<&V::GetSelectedItem>},
+      {"SetItemSelected", &SetState<&V::SetItemSelected>},
+      {"IsItemSelected", &AskOfItem<&V::IsItemSelected>},
+      {"SelectAll", &Do<&V::SelectAll>},
+      {"ClearSelection", &Do<&V::ClearSelection>},
+      {"InvertSelection", &Do<&V::InvertSelection>},
+      {"GetCheckedCount", &Ask<&V::GetCheckedCount>},
+      {"GetCheckedItem", &FindByIndex<&V::GetCheckedItem>},
+      {"SetItemChecked", &SetState<&V::SetItemChecked>},
+      {"IsItemChecked", &AskOfItem<&V::IsItemChecked>},
+      {"CheckAll", &Do<&V::CheckAll>},
+      {"UncheckAll", &Do<&V::UncheckAll>},
+      {"ShowContextMenu", [](RandomHost& p) { return ToText(p.view->ShowContextMenu(10, 10)); }},
+      {"press", &Press},
+      {"key", &PressKey},
+      {"context request", &RequestMenu},
+      {"begin of a drag", &BeginDrag},
+      {"tip", &AskForTip},
+      {"Create of the other kind", &CreateOtherKind},
+      {"SetStateImageList",
+       [](RandomHost& p) { return ToText(p.view->SetStateImageList(nullptr)); }},
+  };
   return operations;
 }
 
 const Operation& FindOperation(const std::string& name) {
   return *std::find_if(Operations().begin(), Operations().end(),
-                       [&](const Operation& each) { return each.name == name; });
+                       [&](const Operation& operation) { return operation.name == name; });
 }

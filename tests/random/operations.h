@@ -2,14 +2,13 @@
 
 #include "random/random_host.h"
 
-// An operation of a view, or a gesture or a notification that reaches it.
+// An operation of a view or a gesture of the user, and its result as text.
 struct Operation {
   std::string name;
-  std::string (*run)(RandomHost& host);  // returns the results as text
-  int ways = 1;                          // how many runs with different choices it takes
-  std::string failure = "done";          // the result if a callback ends the view meanwhile
+  std::string (*run)(RandomHost& random);
 };
 
+// Add new operations at the end: the fuzzer's findings contain indexes.
 const std::vector<Operation>& Operations();
 
 const Operation& FindOperation(const std::string& name);

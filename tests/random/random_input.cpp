@@ -1,75 +1,167 @@
-// The fuzzer's entry: bytes decide what a host does to a view, and inside which callbacks. The host
-// passes valid records and lists; it uses deleted items and ends its view at any time.
-#include "random/operations.h"
+#include "random/random_input.h"
 
 #include <windows.h>
 
-#include <cstddef>
-#include <cstdint>
+#include <commctrl.h>
+
+#include <climits>
+#include <deque>
+#include <iterator>
+#include <utility>
+
+#include "random/operations.h"
 
 namespace {
 
-constexpr int kDeepest = 3;
-constexpr int kMostOperations = 300;
+constexpr int kMaxDepth = 3;
+constexpr std::size_t kFurtherOperations = 3;
+constexpr int kMaxOperations = 300;
+constexpr std::size_t kMaxHandles = 16;
 
-class InputHost final : public RandomHost {
+// The bytes of the input. At their end everything is 0.
+class ByteSource {
  public:
-  InputHost(HWND window, const std::uint8_t*& next, const std::uint8_t* end)
-      : RandomHost(window, false, [&next, end](int limit) {
-          int value = 0;
-          for (int range = 1; range < limit; range <<= 8) {
-            value = value << 8 | (next == end ? 0 : *next++);
-          }
-          return value % limit;
-        }) {
-    outOfRange = editable = true;
-    Create();
-  }
+  ByteSource(const std::uint8_t* bytes, std::size_t length) : next(bytes), left(length) {}
 
-  void RunOne() {
-    ++operations;
-    const auto place = static_cast<std::size_t>(Below(256)) % (Operations().size() + 1);
-    if (!view) {
-      Create();
-    } else if (place < Operations().size()) {
-      Operations()[place].run(*this);
-    } else {
-      Send(WM_SETREDRAW, static_cast<WPARAM>(Below(2)), 0);
-    }
+  bool Empty() const { return left == 0; }
+  std::uint8_t Byte() {
+    if (left == 0) return 0;
+    --left;
+    return *next++;
   }
-
-  int operations = 0;
+  bool Bit() { return (Byte() & 1) != 0; }
 
  private:
-  void NameFiles(FileNameList* files) override {
-    for (int count = Below(4); count > 0; --count) files->push_back(Text());
+  const std::uint8_t* next;
+  std::size_t left;
+};
+
+class RandomInputHost final : public RandomHost {
+ public:
+  explicit RandomInputHost(ByteSource& source)
+      : RandomHost(MakeHostWindow(), false, [&](int limit) { return source.Byte() % limit; }),
+        bytes(source) {}
+
+  ~RandomInputHost() override {
+    Release();
+    DestroyWindow(host);
+    HandleMessages();
   }
 
-  bool Called(const std::string&) override {
-    if (view && depth < kDeepest && operations < kMostOperations && OneIn(6)) {
+  void Run() {
+    Create();
+    while (!bytes.Empty() && actions < kMaxOperations) {
+      RunAny();
+      HandleMessages();
+    }
+  }
+
+ private:
+  void RunAny() {
+    ++actions;
+    if (!view) {
+      view = GetIQVLTreeView();
+      view->SetClient(this);
+      return Create();
+    }
+    const std::size_t place = bytes.Byte() % (Operations().size() + kFurtherOperations);
+    if (place < Operations().size()) {
+      Operations()[place].run(*this);
+    } else {
+      RunFurther(place - Operations().size());
+    }
+  }
+
+  void RunFurther(std::size_t reaction) {
+    if (reaction == 0) Release();
+    if (reaction == 1) SendMessageW(Control(), WM_SETREDRAW, bytes.Bit(), 0);
+    if (reaction == 2) ForgeNotification();
+  }
+
+  // Clears the pointer first, because callbacks from the destroyed control must not use the view.
+  void Release() { ReleaseIQVLTreeView(std::exchange(view, nullptr)); }
+
+  void ForgeNotification() {
+    constexpr UINT kCodes[] = {TVN_BEGINDRAGW, TVN_SELCHANGEDW, TVN_ITEMEXPANDEDW,
+                               LVN_BEGINDRAG,  LVN_ITEMCHANGED, LVN_COLUMNCLICK};
+    const HWND control = Control();
+    NMTREEVIEWW record = {};
+    record.hdr = {control, kControlId, kCodes[bytes.Byte() % std::size(kCodes)]};
+    record.itemNew.hItem = reinterpret_cast<HTREEITEM>(Item());
+    SendMessageW(GetParent(control), WM_NOTIFY, kControlId, reinterpret_cast<LPARAM>(&record));
+  }
+
+  void Create() override {
+    QVLTreeViewStyleExt ext;
+    ext.SetStyle(bytes.Bit() ? LVS_EDITLABELS : 0U);
+    const auto style = static_cast<std::uint32_t>(bytes.Byte() | bytes.Byte() << 8);
+    view->Create(bytes.Byte() == 77 ? nullptr : host, kControlId, 0, 0, 250, 250, style, &ext);
+  }
+
+  ItemHandle Insert() override {
+    handles.push_back(RandomHost::Insert());
+    if (handles.size() > kMaxHandles) handles.pop_front();
+    return handles.back();
+  }
+
+  ItemHandle Item() override {
+    const int kind = bytes.Byte();
+    if (kind < 200 && !handles.empty())
+      return handles[static_cast<std::size_t>(kind) % handles.size()];
+    if (kind < 230) return kind - 215;
+    return static_cast<ItemHandle>(AnyNumber()) << (bytes.Bit() ? 32 : 0);
+  }
+
+  // Mostly small, sometimes the largest or the smallest.
+  int AnyNumber() {
+    const int kind = bytes.Byte();
+    if (kind == 255) return INT_MAX;
+    if (kind == 254) return INT_MIN;
+    return kind < 250 ? kind - 5 : -(kind << 16);
+  }
+  int Number(int, int) override { return AnyNumber(); }
+  POINT Point(ItemHandle) override {
+    const int x = AnyNumber();
+    return {x, AnyNumber()};
+  }
+  WPARAM Key() override { return bytes.Byte(); }
+  bool MayExpand(ItemHandle, bool) override { return true; }
+
+  std::basic_string<WCHAR> Text() override {
+    const int kind = bytes.Byte();
+    if (kind > 250) return std::basic_string<WCHAR>(static_cast<std::size_t>(kind) * 20, TEXT('x'));
+    std::basic_string<WCHAR> text(TEXT("C:\\a"));
+    for (int i = 0; i < kind % 9; ++i) {
+      text += static_cast<WCHAR>(bytes.Byte() | (bytes.Bit() ? 0xD800 : 0));
+    }
+    return text;
+  }
+
+  void NameFiles(FileNameList* files) override {
+    const int count = bytes.Byte() % 4;
+    for (int i = 0; i < count; ++i) files->push_back(Text());
+  }
+
+  // Runs operations inside the callback, then answers.
+  bool OnCallback(const std::string&) override {
+    const int wanted = bytes.Byte();
+    if (wanted < 40 && depth < kMaxDepth && actions < kMaxOperations && view) {
       ++depth;
-      RunOne();
+      RunAny();
       --depth;
     }
-    return !OneIn(2);
+    return bytes.Bit();
   }
 
+  ByteSource& bytes;
+  std::deque<ItemHandle> handles;
   int depth = 0;
+  int actions = 0;
 };
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t length) {
-  const std::uint8_t* const end = bytes + length;
-  const HWND window = MakeHostWindow();
-  {
-    InputHost host(window, bytes, end);
-    while (bytes != end && host.operations < kMostOperations) {
-      host.RunOne();
-      HandleQueuedMessages();
-    }
-  }
-  DestroyWindow(window);
-  HandleQueuedMessages();
-  return 0;
+void RunRandomInput(const std::uint8_t* bytes, std::size_t length) {
+  ByteSource source(bytes, length);
+  RandomInputHost(source).Run();
 }

@@ -16,13 +16,13 @@ class EachView : public HostTest, public ::testing::WithParamInterface<std::uint
     return IsList() ? list : tree;
   }
 
-  void Open(std::uint32_t flags = 0, QVLTreeViewStyleExt* styleExt = nullptr, int id = CONTROL_ID) {
+  void Open(std::uint32_t flags = 0, QVLTreeViewStyleExt* styleExt = nullptr, int id = kControlId) {
     OpenView(GetParam() | flags, styleExt, id);
   }
 
   // The same with the items a, b and c.
   void OpenWithItems(std::uint32_t flags = 0, QVLTreeViewStyleExt* styleExt = nullptr,
-                     int id = CONTROL_ID) {
+                     int id = kControlId) {
     Open(flags, styleExt, id);
     client.labels.clear();
     a = Insert(TEXT("a"));
@@ -38,7 +38,7 @@ class EachView : public HostTest, public ::testing::WithParamInterface<std::uint
 };
 
 // The last arguments of INSTANTIATE_TEST_SUITE_P.
-inline const auto EACH_VIEW = ::testing::Values(0u, std::uint32_t{QVLS_LISTVIEW});
+inline const auto kEachView = ::testing::Values(0u, std::uint32_t{QVLS_LISTVIEW});
 
 inline std::string ViewName(const ::testing::TestParamInfo<std::uint32_t>& info) {
   return info.param == QVLS_LISTVIEW ? "List" : "Tree";

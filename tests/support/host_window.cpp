@@ -16,7 +16,7 @@ void HostTest::SetUp() {
   static const ATOM registered = RegisterClassW(&windowClass);
   ASSERT_NE(registered, 0);
   host = CreateWindowExW(0, windowClass.lpszClassName, TEXT("host"), WS_POPUP | WS_CLIPCHILDREN, 50,
-                         50, WIDTH, HEIGHT, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+                         50, kWidth, kHeight, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
   ASSERT_NE(host, nullptr);
   // An active window without a window manager costs two seconds when it goes.
   ShowWindow(host, SW_SHOWNOACTIVATE);
@@ -45,13 +45,13 @@ std::string Short(const Lines& lines) {
 
 HWND HostTest::CreateView(std::uint32_t style, QVLTreeViewStyleExt* styleExt) {
   view->SetClient(&client);
-  return view->Create(host, CONTROL_ID, 0, 0, WIDTH, HEIGHT, style, styleExt);
+  return view->Create(host, kControlId, 0, 0, kWidth, kHeight, style, styleExt);
 }
 
 void HostTest::OpenView(std::uint32_t style, QVLTreeViewStyleExt* styleExt, int id) {
   if (!view) view = client.view = GetIQVLTreeView();
   view->SetClient(&client);
-  control = view->Create(host, id, 0, 0, WIDTH, HEIGHT, style, styleExt);
+  control = view->Create(host, id, 0, 0, kWidth, kHeight, style, styleExt);
   ASSERT_NE(control, nullptr);
   parent = GetParent(control);
   client.Take();

@@ -12,9 +12,9 @@
 #include "support/recording_client.h"
 
 #ifdef _WIN32
-constexpr bool REAL_CONTROL = true;
+constexpr bool kRealControl = true;
 #else
-constexpr bool REAL_CONTROL = false;
+constexpr bool kRealControl = false;
 #endif
 
 inline HTREEITEM Native(ItemHandle item) { return reinterpret_cast<HTREEITEM>(item); }
@@ -30,9 +30,9 @@ std::string Short(const Lines& lines);
 // after the test. Functions about items send messages to the control itself, not to the library.
 class HostTest : public ::testing::Test {
  protected:
-  static constexpr int CONTROL_ID = 100;
-  static constexpr int WIDTH = 300;
-  static constexpr int HEIGHT = 400;
+  static constexpr int kControlId = 100;
+  static constexpr int kWidth = 300;
+  static constexpr int kHeight = 400;
 
   void SetUp() override;
   void TearDown() override;
@@ -42,7 +42,7 @@ class HostTest : public ::testing::Test {
 
   // The same, and sets `control` and `parent`. The callbacks up to then are dropped.
   void OpenView(std::uint32_t style = 0, QVLTreeViewStyleExt* styleExt = nullptr,
-                int id = CONTROL_ID);
+                int id = kControlId);
 
   // Inserts an item. The client's lines call it by this name.
   ItemHandle Insert(const WCHAR* name, ItemHandle parent = -1);
@@ -60,7 +60,7 @@ class HostTest : public ::testing::Test {
   std::string Selected() const;
 
   // The callbacks since the last call, in short.
-  std::string Heard() { return Short(client.Take()); }
+  std::string Callbacks() { return Short(client.Take()); }
 
   LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return SendMessageW(control, message, wParam, lParam);
@@ -92,10 +92,10 @@ class HostTest : public ::testing::Test {
   void RequestMenu(POINT point) const;
 
   // Sends a notification to the view's parent window, as a child with that id would.
-  LRESULT Notify(NMHDR& record, UINT code, INT_PTR id = CONTROL_ID) const;
+  LRESULT Notify(NMHDR& record, UINT code, INT_PTR id = kControlId) const;
 
   // The same about an item, with the record that belongs to the code.
-  LRESULT NotifyOf(ItemHandle item, UINT code, INT_PTR id = CONTROL_ID) const;
+  LRESULT NotifyOf(ItemHandle item, UINT code, INT_PTR id = kControlId) const;
 
   HWND host = nullptr;
   IQVLTreeView* view = nullptr;

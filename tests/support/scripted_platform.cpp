@@ -35,10 +35,10 @@ auto Note(const std::string& line, Call call) {
   return Result(answer->second.result);
 }
 
-template <std::size_t SIZE>
+template <std::size_t kSize>
 struct Name {
-  constexpr Name(const char (&name)[SIZE]) { std::copy_n(name, SIZE, text); }
-  char text[SIZE];
+  constexpr Name(const char (&name)[kSize]) { std::copy_n(name, kSize, text); }
+  char text[kSize];
 };
 
 void ExpectNewIconList(int, int, UINT flags, int count, int growth) {
@@ -109,7 +109,7 @@ HANDLE WINAPI Context(const ACTCTXW* asked) {
 }
 
 BOOL WINAPI Activate(HANDLE context, ULONG_PTR* cookie) {
-  const bool fake = reinterpret_cast<LONG_PTR>(context) == ScriptedPlatform::FAKE_CONTEXT;
+  const bool fake = reinterpret_cast<LONG_PTR>(context) == ScriptedPlatform::kFakeContext;
   EXPECT_TRUE(fake || !context);
   return Note(fake ? "Activate fake" : "Activate 0", [=] {
     *cookie = ++platform->active;
@@ -121,7 +121,7 @@ BOOL WINAPI Deactivate(DWORD flags, ULONG_PTR cookie) {
   EXPECT_EQ(flags, 0u);
   EXPECT_EQ(cookie, platform->active--) << "not the latest activation";
   const BOOL result = Note("Deactivate", [] { return TRUE; });
-  SetLastError(ScriptedPlatform::ERROR_OF_DEACTIVATION);
+  SetLastError(ScriptedPlatform::kErrorOfDeactivation);
   return result;
 }
 

@@ -27,10 +27,10 @@ class ScriptedPlatform {
   std::vector<std::string> Take();
 
   // A context that is not the platform's.
-  static constexpr LONG_PTR FAKE_CONTEXT = 0x7A00;
+  static constexpr LONG_PTR kFakeContext = 0x7A00;
 
   // The last error after every deactivation, different from those of the functions.
-  static constexpr DWORD ERROR_OF_DEACTIVATION = 777;
+  static constexpr DWORD kErrorOfDeactivation = 777;
 
   // The script's answers, by the lines of the calls. QueryActCtxW, like CreateActCtxW, gives a
   // context or -1, and null without an answer.

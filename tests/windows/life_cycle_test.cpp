@@ -19,7 +19,7 @@ namespace {
 
 class LifeCycle : public EachView {};
 
-INSTANTIATE_TEST_SUITE_P(Views, LifeCycle, EACH_VIEW, ViewName);
+INSTANTIATE_TEST_SUITE_P(Views, LifeCycle, kEachView, ViewName);
 
 // The second half of the views takes no more than the first half: windows, handles, and memory but
 // for what the allocator rounds. Handles are not counted here, but a new one gets the lowest place
