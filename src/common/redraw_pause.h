@@ -3,8 +3,8 @@
 
 #include "core/life_watch.h"
 
-// Records whether a control's drawing is suspended, and by whom. A native control cannot be asked, so
-// its window procedure notes each WM_SETREDRAW.
+// Records whether a control's drawing is suspended, and by whom. A native control cannot be asked,
+// so its window procedure notes each WM_SETREDRAW.
 class ControlRedraw {
  public:
   ControlRedraw() = default;

@@ -7,8 +7,8 @@
 class LifeWatch;
 class HeldItem;
 
-// The life of a view's control. It ends with Destroy or with the view, and then all watches and held
-// items are reset.
+// The life of a view's control. It ends with Destroy or with the view, and then all watches and
+// held items are reset.
 class ViewLife {
  public:
   ViewLife() = default;

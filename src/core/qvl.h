@@ -21,11 +21,13 @@
 /// 6. One allocator, one compiler family. ItemHandleList and FileNameList grow on both sides of the
 ///    boundary. Host and library must use the same compiler family, the same standard library and
 ///    one allocator.
-/// 7. Failure is a plain result: false, null, 0 or -1, as each operation describes. Nothing is shown and
+/// 7. Failure is a plain result: false, null, 0 or -1, as each operation describes. Nothing is
+/// shown and
 ///    nothing is logged. An operation on a view without a control returns its failure value.
 /// 8. Lifetime. A callback may end the view by Destroy, Create or ReleaseIQVLTreeView. The
 ///    interrupted operation then makes no further call and returns its failure value.
-/// 9. Handles. -1 means no item; each operation describes what it does with it. Every other handle goes
+/// 9. Handles. -1 means no item; each operation describes what it does with it. Every other handle
+/// goes
 ///    to the native control as it is. It must be 0 or a handle that the view returned and that has
 ///    not been deleted.
 #ifndef QVL_QVL_H
@@ -338,8 +340,8 @@ class IQVLTreeViewClient {
   /// repaint.
   virtual void OnBeginSelectionChange(IQVLTreeView* view) = 0;
 
-  /// The selected state of `item` may have changed; IsItemSelected gives it. In a tree, item 0 means
-  /// that the caret has left all items. In a list, item -1 means that all rows changed.
+  /// The selected state of `item` may have changed; IsItemSelected gives it. In a tree, item 0
+  /// means that the caret has left all items. In a list, item -1 means that all rows changed.
   virtual void OnItemSelectionChanged(IQVLTreeView* view, ItemHandle item) = 0;
 
   /// The change of the selection has ended.
