@@ -46,7 +46,9 @@ done
 x86_64-w64-mingw32-strip --strip-all -o "$folder/$package/bin/demo.exe" "$windows/bin/demo.exe"
 documents=$folder/$package/share/doc/qvl
 mkdir -p "$documents/docs"
-cp README.md CHANGELOG.md "$documents/"
+cp CHANGELOG.md "$documents/"
+sed -e 's#](examples)#](../../../examples)#' -e 's#](src/core/#](../../../include/qvl/#' \
+  -e 's#](host/#](../../../include/qvl/#' README.md >"$documents/README.md"
 cp -r docs/*.md docs/pictures "$documents/docs/"
 cp -r build/docs/html "$documents/html"
 cp -r examples "$folder/$package/"
