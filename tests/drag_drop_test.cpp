@@ -47,7 +47,7 @@ class DragDropTest : public EachSelectionView {
     medium.pUnkForRelease = data;
     EXPECT_EQ(data->GetData(&files, &medium), S_OK);
     EXPECT_TRUE(medium.tymed == TYMED_HGLOBAL && !medium.pUnkForRelease);
-    const Text block(static_cast<const WCHAR*>(medium.hGlobal), size / sizeof(WCHAR));
+    Text block(static_cast<const WCHAR*>(medium.hGlobal), size / sizeof(WCHAR));
     Free(medium.hGlobal);
     return block;
   }

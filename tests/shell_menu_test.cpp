@@ -32,7 +32,7 @@ class ShellMenuTest : public EachSelectionView {
     AnswerWith(names);
     const bool shown = view->ShowContextMenu(10, 20);
     EXPECT_TRUE(shell.HoldsNothing());
-    const std::string log = shell.Take() + (shown ? "shown" : "not shown");
+    std::string log = shell.Take() + (shown ? "shown" : "not shown");
     SendMessageW(parent, WM_INITMENUPOPUP, 0, 0);
     EXPECT_EQ(shell.Take(), "") << "no menu is active";
     return log;

@@ -20,7 +20,7 @@
 class FakeIcons {
  public:
   static constexpr int kSide = 16;
-  using Pixels = std::array<std::uint32_t, kSide * kSide>;
+  using Pixels = std::array<std::uint32_t, std::size_t{kSide} * kSide>;
 
   FakeIcons() { current = this; }
   ~FakeIcons() { ImageList_Destroy(list); }

@@ -63,7 +63,7 @@ std::pair<const std::string, FARPROC> RelayTo(Result (*function)(Arguments...)) 
   return {NAME.text, std::bit_cast<FARPROC>(+relay)};
 }
 
-const std::map<std::string, FARPROC> relays = {
+const std::map<std::string, FARPROC> kRelays = {
     RelayTo<"CreateWindowExW">(&CreateWindowExW),
     RelayTo<"ImageList_Create">(&ImageList_Create),
     RelayTo<"ImageList_Destroy">(&ImageList_Destroy),
@@ -143,7 +143,7 @@ FARPROC WINAPI Lookup(HMODULE in, LPCSTR name) {
   EXPECT_EQ(platform->active, 2u) << "the lookup's own context, inside the call's";
   return Note(std::string("Lookup ") + name, [=] {
     targets[name] = GetProcAddress(in, name);
-    return relays.at(name);
+    return kRelays.at(name);
   });
 }
 
@@ -167,8 +167,8 @@ ScriptedPlatform::ScriptedPlatform() {
   replace("FindActCtxSectionStringW", &Find);
   replace("LoadLibraryW", &Load);
   replace("GetProcAddress", &Lookup);
-  replace("RegisterClassW", relays.at("RegisterClassW"));
-  replace("CreateWindowExW", relays.at("CreateWindowExW"));
+  replace("RegisterClassW", kRelays.at("RegisterClassW"));
+  replace("CreateWindowExW", kRelays.at("CreateWindowExW"));
   replace("DestroyIcon", &Destroy);
 }
 
