@@ -134,6 +134,7 @@ void BrowserView::SortItems(const std::vector<EntryIndex>& added) {
     return;
   }
   std::vector<EntryIndex> parents;
+  parents.reserve(added.size());
   for (const EntryIndex entry : added) parents.push_back(model.At(entry).parent);
   std::sort(parents.begin(), parents.end());
   parents.erase(std::unique(parents.begin(), parents.end()), parents.end());

@@ -3,7 +3,7 @@
 namespace demo {
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = 65536;
 
 }  // namespace
 

@@ -22,7 +22,7 @@ void StartChannel(HWND window) {
       while (!line.empty() && line.back() == '\r') line.pop_back();
       auto copy = std::make_unique<std::string>(line);
       if (PostMessageW(window, kChannelLine, 0, reinterpret_cast<LPARAM>(copy.get()))) {
-        copy.release();
+        (void)copy.release();  // the window owns it
       }
     }
     PostMessageW(window, kChannelEnd, 0, 0);

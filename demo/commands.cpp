@@ -29,7 +29,7 @@ void PrintNames(const std::vector<std::wstring>& names) {
 // The first word, and in `text` what follows it.
 std::string TakeWord(std::string& text) {
   const std::size_t end = text.find(' ');
-  const std::string word = text.substr(0, end);
+  std::string word = text.substr(0, end);
   text = end == std::string::npos ? "" : text.substr(end + 1);
   return word;
 }

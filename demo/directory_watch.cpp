@@ -59,7 +59,7 @@ void DirectoryWatch::ReadAndPost() {
   const ReadProgress progress = [this](std::size_t) { return !IsStopping(); };
   if (!ReadDirectory(folder, readLimits, progress, *model).empty()) return;
   if (PostMessageW(receiver, readMessage, 0, reinterpret_cast<LPARAM>(model.get()))) {
-    model.release();
+    (void)model.release();  // the window owns it
   }
 }
 

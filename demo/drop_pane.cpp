@@ -118,7 +118,7 @@ void DropPane::ShowNames() {
     SendMessageW(names, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
     widest = std::max(widest, TextWidth(name));
   }
-  SendMessageW(names, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + Scaled(6)), 0);
+  SendMessageW(names, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest) + Scaled(6), 0);
   InvalidateRect(Window(), nullptr, TRUE);
 }
 

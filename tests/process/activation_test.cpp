@@ -64,7 +64,7 @@ class Activation : public HostTest {
   Lines UseIcons() {
     Create();
     EXPECT_TRUE(view->UseSystemImageList());
-    const Lines lines = platform->Take();
+    Lines lines = platform->Take();
     EXPECT_EQ(CountOf(lines, "Activate 0"), CountOf(lines, "Deactivate"));
     return lines;
   }
