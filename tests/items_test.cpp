@@ -92,7 +92,8 @@ TEST_F(ItemsTest, WorkIsProportionalToTheItems) {
     sent.Forget();
     NotifyOf(Item('a'), asList ? LVN_BEGINDRAG : TVN_BEGINDRAGW);
     EXPECT_LT(sent.all.size(), 4u * kCount);
-    EXPECT_EQ(client.Take().back().size(), std::string("BeginDrag").size() + std::size_t{2} * kCount);
+    EXPECT_EQ(client.Take().back().size(),
+              std::string("BeginDrag").size() + std::size_t{2} * kCount);
   }
 }
 
