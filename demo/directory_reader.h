@@ -13,7 +13,7 @@ namespace demo {
 struct ReadLimits {
   std::vector<std::wstring> skip;  // names that are left out
   std::size_t entries = 200'000;   // reading stops here
-  int depth = 32;                  // a link to a folder above is not told from a folder
+  int depth = 32;                  // limits loops of links
 };
 
 // Called now and then with the number of entries. Result: whether to read on.

@@ -298,7 +298,7 @@ class IQVLTreeViewClient {
 
   /// The tool tip of `item` is about to show. Result: true replaces the control's own text by
   /// `*text` (null on entry) and its length by `*length` in characters (0 on entry); false keeps
-  /// them. The text is not copied and must live as long as the tip. `hitFlags` tells where the
+  /// them. The text is not copied and must live as long as the tip. `hitFlags` is where the
   /// mouse is.
   virtual bool OnGetInfoTip(IQVLTreeView* view, ItemHandle item, WCHAR** text, int* length,
                             std::uint32_t hitFlags) = 0;
