@@ -336,10 +336,11 @@ int CALLBACK CompareClientValues(LPARAM a, LPARAM b, LPARAM context) {
   return isLess(a, b) ? -1 : isLess(b, a) ? 1 : 0;
 }
 
-/// Sorts the rows of a list by their client values. `less(a, b)` returns whether the row with client
-/// value a comes before the row with client value b; it must not throw or change the view. Texts,
-/// boxes, selection and client values move with their rows; handles are positions and do not.
-/// Uses LVM_SORTITEMS, which makes no callbacks. Rows for which neither is less may change places.
+/// Sorts the rows of a list by their client values. `less(a, b)` returns whether the row with
+/// client value a comes before the row with client value b; it must not throw or change the view.
+/// Texts, boxes, selection and client values move with their rows; handles are positions and do
+/// not. Uses LVM_SORTITEMS, which makes no callbacks. Rows for which neither is less may change
+/// places.
 template <class Less>
 void SortRows(IQVLTreeView& list, Less less) {
   int(CALLBACK * compare)(LPARAM, LPARAM, LPARAM) = CompareClientValues<Less>;
