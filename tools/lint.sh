@@ -18,7 +18,7 @@ tidy() {
   cmake --preset "$preset" >/dev/null
   # clang's -Wconversion contains -Wsign-conversion; the compiler's own does not.
   run-clang-tidy -p "build/$preset" -quiet -j "$(nproc)" -extra-arg=-Wno-unknown-warning-option \
-    -extra-arg=-Wno-sign-conversion "$@" "$root/($folders)/" >"$log" 2>&1 || status=1
+    -extra-arg=-Wno-sign-conversion "$@" "$root/($folders)/.*[.]cpp\$" >"$log" 2>&1 || status=1
   if grep -E 'warning:|error:' -A 3 "$log"; then
     status=1
   fi

@@ -91,6 +91,10 @@ make_prefix() {
   if [ -z "${QVL_USE_DISPLAY:-}" ]; then
     set_value 'HKCU\Software\Wine\X11 Driver' Managed N
   fi
+  # The processes that set the prefix up make every later start of a program wait.
+  "$WINESERVER" -k 9>&- 2>/dev/null || true
+  timeout 10 "$WINESERVER" -w 9>&- 2>/dev/null || true
+  "$WINESERVER" -p 9>&-
   echo "$version" >"$marker"
 }
 
