@@ -3,7 +3,10 @@
 include(CMakePackageConfigHelpers)
 
 install(
-  FILES ${PROJECT_SOURCE_DIR}/src/core/qvl.h ${PROJECT_SOURCE_DIR}/host/qvl_host.h
+  FILES
+    ${PROJECT_SOURCE_DIR}/src/core/qvl.h
+    ${PROJECT_SOURCE_DIR}/src/core/qvl_records.h
+    ${PROJECT_SOURCE_DIR}/host/qvl_host.h
   DESTINATION include/qvl
 )
 install(FILES $<TARGET_LINKER_FILE:qvl> DESTINATION lib)

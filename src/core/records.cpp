@@ -1,4 +1,4 @@
-#include "core/qvl.h"
+#include "core/qvl_records.h"
 
 #include <exception>
 
