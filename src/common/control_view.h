@@ -98,6 +98,21 @@ class ControlView : public QVLView {
         [this] { return Control::SetImageList(controlWindow, Control::kStateImages, nullptr); });
   }
 
+  // Which items ChangeSelection inverts.
+  enum class Inverted { kUnselected, kSelected, kAll };
+
+  // Inverts the selected state of these items, by `set(item, selected)`, which may call the client.
+  template <class Set>
+  void ChangeSelection(Inverted inverted, Set set) {
+    RedrawPause pause(controlWindow, redraw, life);
+    for (const auto item : Walk(controlWindow, life)) {
+      const bool selected = Control::IsSelected(controlWindow, item);
+      if (inverted != Inverted::kAll && selected != (inverted == Inverted::kSelected)) continue;
+      pause.BeforeChange();
+      set(item, !selected);
+    }
+  }
+
   RedrawState redraw;
 
  private:

@@ -2,7 +2,6 @@
 // control's notifications, not from the operations.
 #include "common/hit_flags.h"
 #include "list/list_view.h"
-#include "list/row_walk.h"
 #include "platform/list_control.h"
 
 namespace {
@@ -27,33 +26,17 @@ void QVLListView::SetItemSelected(ItemHandle handle, bool selected) {
     ListControl::Select(controlWindow, row, selected);
 }
 
-void QVLListView::SelectAll() {
-  if (!controlWindow) return;
-  RedrawPause pause(controlWindow, redraw, life);
-  for (const int row : RowWalk(controlWindow, life)) {
-    if (ListControl::IsSelected(controlWindow, row)) continue;
-    pause.BeforeChange();
-    ListControl::Select(controlWindow, row, true);
-  }
-}
+void QVLListView::SelectAll() { ChangeRows(Inverted::kUnselected); }
 
-void QVLListView::ClearSelection() {
-  if (!controlWindow) return;
-  RedrawPause pause(controlWindow, redraw, life);
-  for (const int row : RowWalk(controlWindow, life)) {
-    if (!ListControl::IsSelected(controlWindow, row)) continue;
-    pause.BeforeChange();
-    ListControl::Select(controlWindow, row, false);
-  }
-}
+void QVLListView::ClearSelection() { ChangeRows(Inverted::kSelected); }
 
-void QVLListView::InvertSelection() {
+void QVLListView::InvertSelection() { ChangeRows(Inverted::kAll); }
+
+void QVLListView::ChangeRows(Inverted inverted) {
   if (!controlWindow) return;
-  RedrawPause pause(controlWindow, redraw, life);
-  for (const int row : RowWalk(controlWindow, life)) {
-    pause.BeforeChange();
-    ListControl::Select(controlWindow, row, !ListControl::IsSelected(controlWindow, row));
-  }
+  ChangeSelection(inverted, [this](int row, bool selected) {
+    ListControl::Select(controlWindow, row, selected);
+  });
 }
 
 void QVLListView::SelectAlone(int row) {

@@ -60,6 +60,7 @@ class QVLListView final : public ControlView<ListControl, RowWalk, ControlRedraw
   int ImageOfCell(const QVLTreeViewItem& item) const;
 
   // Selection.
+  void ChangeRows(Inverted inverted);
   void SelectAlone(int row);
 
   // Notifications of the control.

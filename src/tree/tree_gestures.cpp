@@ -78,7 +78,7 @@ void QVLTreeView::ExtendByKey(WPARAM key) {
   if (!bracket) return;
   if (selectionAnchor == 0) {
     selectionAnchor = TreeControl::Caret(controlWindow);
-    DeselectAll(false);
+    DeselectAll();
     if (!bracket) return;
   }
   HeldItem current(life, TreeControl::Caret(controlWindow));
@@ -95,7 +95,7 @@ void QVLTreeView::DeselectByKey() {
   SelectionBracket bracket(*this);
   if (!bracket) return;
   selectionAnchor = 0;
-  DeselectAll(false);
+  DeselectAll();
 }
 
 LRESULT QVLTreeView::HandleLButtonDown(const Input& press) {
@@ -152,7 +152,7 @@ LRESULT QVLTreeView::SelectByPress(const Input& press, ItemHandle hit) {
   {
     HeldItem item(life, hit);
     SelectionBracket bracket(*this);
-    if (bracket) DeselectAll(false);
+    if (bracket) DeselectAll();
     // Moves the caret away first, because the item may be the caret, with its bit just cleared.
     if (item.Get()) TreeControl::MoveCaret(controlWindow, 0);
     if (item.Get()) TreeControl::MoveCaret(controlWindow, item.Get());

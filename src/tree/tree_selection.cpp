@@ -63,43 +63,24 @@ void QVLTreeView::SetItemSelected(ItemHandle handle, bool selected) {
   if (bracket && item.Get() == handle) MarkAndReport(handle, selected);
 }
 
-void QVLTreeView::SelectAll() {
-  SelectionBracket bracket(*this);
-  if (!bracket) return;
-  RedrawPause pause(controlWindow, redraw, life);
-  for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
-    if (TreeControl::IsSelected(controlWindow, item)) continue;
-    pause.BeforeChange();
-    MarkAndReport(item, true);
-  }
-}
+void QVLTreeView::SelectAll() { ChangeInBracket(Inverted::kUnselected); }
 
-void QVLTreeView::ClearSelection() { DeselectAll(true); }
+void QVLTreeView::ClearSelection() { ChangeInBracket(Inverted::kSelected); }
 
-void QVLTreeView::InvertSelection() {
+void QVLTreeView::InvertSelection() { ChangeInBracket(Inverted::kAll); }
+
+void QVLTreeView::ChangeInBracket(Inverted inverted) {
   SelectionBracket bracket(*this);
-  if (!bracket) return;
-  RedrawPause pause(controlWindow, redraw, life);
-  for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
-    pause.BeforeChange();
-    MarkAndReport(item, !TreeControl::IsSelected(controlWindow, item));
-  }
+  if (bracket) ChangeItems(inverted);
 }
 
 // The caret stays, also on an item that is deselected.
-void QVLTreeView::DeselectAll(bool withBrackets) {
-  if (withBrackets) {
-    SelectionBracket bracket(*this);
-    if (bracket) DeselectAll(false);
-    return;
-  }
-  RedrawPause pause(controlWindow, redraw, life);
-  for (const ItemHandle item : VisibleWalk(controlWindow, life)) {
-    if (!TreeControl::IsSelected(controlWindow, item)) continue;
-    pause.BeforeChange();
-    MarkAndReport(item, false);
-  }
+void QVLTreeView::ChangeItems(Inverted inverted) {
+  ChangeSelection(inverted,
+                  [this](ItemHandle item, bool selected) { MarkAndReport(item, selected); });
 }
+
+void QVLTreeView::DeselectAll() { ChangeItems(Inverted::kSelected); }
 
 // Selects exactly the visible items between the two ends, whichever comes first. If one end is not
 // visible, selects from the other to the last item.
@@ -129,7 +110,7 @@ void QVLTreeView::SelectRange(ItemHandle anchor, const HeldItem& targetItem) {
 // its own item does nothing, so a deselected caret is marked.
 void QVLTreeView::SelectAlone(const HeldItem& item) {
   SelectionBracket bracket(*this);
-  if (bracket && multiSelect) DeselectAll(false);
+  if (bracket && multiSelect) DeselectAll();
   if (!item.Get()) return;
   if (item.Get() == TreeControl::Caret(controlWindow)) {
     MarkAndReport(item.Get(), true);

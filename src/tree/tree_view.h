@@ -75,7 +75,9 @@ class QVLTreeView final : public ControlView<TreeControl, VisibleWalk, TreeRedra
 
   // Selection. A report calls the client, so the view may have ended afterwards.
   void MarkAndReport(ItemHandle item, bool selected);
-  void DeselectAll(bool withBrackets);
+  void ChangeInBracket(Inverted inverted);
+  void ChangeItems(Inverted inverted);
+  void DeselectAll();
   void SelectRange(ItemHandle anchor, const HeldItem& target);
   void SelectAlone(const HeldItem& item);
   void InvalidateSelection();
